@@ -1,0 +1,77 @@
+#include "parse/file_text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quorvane {
+namespace {
+
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+
+std::string_view LineEndOf(std::string_view text) {
+  if (text.find("\r\n") != std::string_view::npos) return "\r\n";
+  return text.find('\r') != std::string_view::npos ? "\r" : "\n";
+}
+
+/// Position of the next line end from a position on, or the text's length.
+std::size_t FindLineEnd(std::string_view text, std::string_view lineEnd, std::size_t from) {
+  // The last character of a line end is searched for: one search at the speed of memory, where a
+  // two-character search would stop at every lone CR.
+  const char last = lineEnd.back();
+  std::size_t found = text.find(last, from);
+  while (found != std::string_view::npos && lineEnd.size() == 2 &&
+         (found == from || text[found - 1] != lineEnd.front())) {
+    found = text.find(last, found + 1);
+  }
+  return found == std::string_view::npos ? text.size() : found + 1 - lineEnd.size();
+}
+
+}  // namespace
+
+FileText::FileText(ByteBuffer bytes) : bytes_(std::move(bytes)), text_(bytes_.View()) {
+  hadByteOrderMark_ = text_.starts_with(ByteOrderMark);
+  if (hadByteOrderMark_) text_.remove_prefix(ByteOrderMark.size());
+  const std::string_view lineEnd = LineEndOf(text_);
+  const std::size_t lastKept = text_.find_last_not_of("\r\n");
+  text_ = text_.substr(0, lastKept == std::string_view::npos ? 0 : lastKept + 1);
+  SplitLines(lineEnd);
+}
+
+void FileText::SplitLines(std::string_view lineEnd) {
+  const auto count = std::count(text_.begin(), text_.end(), lineEnd.back());
+  lines_.reserve(static_cast<std::size_t>(count) + 1);
+  std::size_t start = 0;
+  while (start <= text_.size()) {
+    const std::size_t end = FindLineEnd(text_, lineEnd, start);
+    lines_.push_back({static_cast<std::uint32_t>(start), static_cast<std::uint32_t>(end)});
+    start = end + lineEnd.size();
+  }
+}
+
+void FileText::DropPrefix(std::int32_t number, std::size_t length) {
+  LineSpan& line = lines_[static_cast<std::size_t>(number - 1)];
+  if (line.start == RewrittenLine) {
+    std::string& text = rewritten_[line.end];
+    text.erase(0, std::min(length, text.size()));
+    return;
+  }
+  line.start = static_cast<std::uint32_t>(
+      std::min<std::size_t>(line.start + length, line.end));
+}
+
+void FileText::Rewrite(std::int32_t number, std::string text) {
+  LineSpan& line = lines_[static_cast<std::size_t>(number - 1)];
+  if (line.start == RewrittenLine) {
+    rewritten_[line.end] = std::move(text);
+    return;
+  }
+  line = {RewrittenLine, static_cast<std::uint32_t>(rewritten_.size())};
+  rewritten_.push_back(std::move(text));
+}
+
+void FileText::Clear(std::int32_t number) {
+  LineSpan& line = lines_[static_cast<std::size_t>(number - 1)];
+  line = {0, 0};
+}
+
+}  // namespace quorvane

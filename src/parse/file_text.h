@@ -1,0 +1,72 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "report/disk.h"
+
+namespace quorvane {
+
+/// A data file's bytes and its lines, counted from 1. The lines are views into the bytes; only a
+/// line that was rewritten has a text of its own. Views stay valid as long as the object lives and
+/// their line is not rewritten.
+class FileText {
+ public:
+  FileText() = default;
+
+  /// Takes a file of fewer than 2^31 bytes. A UTF-8 byte-order mark at its start and the line ends
+  /// at its end are left out. Lines end with CR LF when the file holds at least one CR LF (lone CRs
+  /// and LFs then belong to their line); else with CR when it holds one; else with LF.
+  explicit FileText(ByteBuffer bytes);
+
+  FileText(const FileText&) = delete;
+  FileText& operator=(const FileText&) = delete;
+  FileText(FileText&&) = default;
+  FileText& operator=(FileText&&) = default;
+  ~FileText() = default;
+
+  bool HadByteOrderMark() const { return hadByteOrderMark_; }
+
+  /// The text that was split into lines.
+  std::string_view Whole() const& { return text_; }
+
+  std::int32_t LineCount() const { return static_cast<std::int32_t>(lines_.size()); }
+
+  std::string_view Line(std::int32_t number) const& {
+    const LineSpan& line = lines_[static_cast<std::size_t>(number - 1)];
+    if (line.start == RewrittenLine) return rewritten_[line.end];
+    return {text_.data() + line.start, line.end - line.start};
+  }
+
+  /// Cuts characters off a line's start: all it has when it is shorter.
+  void DropPrefix(std::int32_t number, std::size_t length);
+
+  void Rewrite(std::int32_t number, std::string text);
+
+  void Clear(std::int32_t number);
+
+  std::string_view Whole() const&& = delete;  // the view would outlive its bytes
+  std::string_view Line(std::int32_t number) const&& = delete;
+
+ private:
+  static constexpr std::uint32_t RewrittenLine = 0xFFFFFFFF;
+
+  /// Offsets into the text, or RewrittenLine and an index into rewritten_.
+  struct LineSpan {
+    std::uint32_t start;
+    std::uint32_t end;
+  };
+
+  void SplitLines(std::string_view lineEnd);
+
+  ByteBuffer bytes_;
+  std::string_view text_;
+  bool hadByteOrderMark_ = false;
+  std::vector<LineSpan> lines_;
+  std::deque<std::string> rewritten_;  // a deque: a new line must not move the earlier ones
+};
+
+}  // namespace quorvane

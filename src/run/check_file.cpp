@@ -1,0 +1,166 @@
+#include "run/check_file.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "report/message_log.h"
+#include "report/routine_guard.h"
+#include "rules/keys.h"
+#include "rules/names.h"
+#include "rules/required_content.h"
+#include "run/row_order.h"
+#include "run/structure_rules.h"
+#include "text/text.h"
+
+namespace quorvane {
+namespace {
+
+const std::string ClosingLine = std::string(39, '*') + "\r\n";
+
+/// The files to which a step of the sequence applies.
+enum class AppliesTo { All, Ags3, Ags4 };
+
+/// A step of the sequence, with the name under which its failure is shown.
+struct CheckStep {
+  std::string_view routine;
+  AppliesTo appliesTo;
+  void (*run)(CheckedFile&);
+};
+
+/// The checks up to the file's version line, in their order.
+constexpr std::array ChecksBeforeVersion{
+    CheckStep{"CheckRequiredGroups", AppliesTo::All, CheckRequiredGroups},
+    CheckStep{"CheckLowHighAscii", AppliesTo::Ags3,
+              [](CheckedFile& file) { CheckLowHighAscii(file.text, file.log); }},
+    CheckStep{"CheckLineLengths", AppliesTo::Ags3,
+              [](CheckedFile& file) { CheckLineLengths(file.text, file.log); }},
+    CheckStep{"CheckAGSFile", AppliesTo::All, ParseStructure},
+    CheckStep{"CheckFieldOrder", AppliesTo::All, CheckFieldOrder},
+    CheckStep{"CheckProjGroup", AppliesTo::All, CheckProjGroup},
+    CheckStep{"CheckRequiredFields", AppliesTo::All, CheckRequiredFields},
+    CheckStep{"CheckTranGroup", AppliesTo::Ags4, CheckTranGroup},
+};
+
+/// The checks behind it. Parent keys come before repeated keys.
+constexpr std::array ChecksAfterVersion{
+    CheckStep{"CheckParentKeys", AppliesTo::All, CheckParentKeys},
+    CheckStep{"CheckDuplicateKeys", AppliesTo::All, CheckDuplicateKeys},
+};
+
+bool Applies(const CheckStep& step, const CheckedFile& file) {
+  return step.appliesTo == AppliesTo::All ||
+         (step.appliesTo == AppliesTo::Ags4) == file.IsAgs4();
+}
+
+class FileCheck {
+ public:
+  FileCheck(const Services& services, DictionaryStore& dictionaries, RunLog& runLog,
+            const FileToCheck& file)
+      : services_(services),
+        dictionaries_(dictionaries),
+        runLog_(runLog),
+        file_(file),
+        settings_(services.window.Settings()),
+        log_(runLog, settings_.suppressFyi) {}
+
+  CheckStatus Run() {
+    Guard("CheckFileFailedFnB", [this] {
+      CheckFileFailedFnB(services_, dictionaries_, runLog_, log_, file_, intake_);
+    });
+    if (!intake_.hasFailed) RunChecks();
+    if (!intake_.hasFailed || log_.ClosedCount() > 0) {
+      log_.WriteSummary();
+      log_.ListFileMessages(settings_.listings);
+    }
+    WriteDifferences("Data types in custom dictionary that did not match types in file:",
+                     typeDifferences_);
+    WriteDifferences("Units in custom dictionary that did not match units in file:",
+                     unitDifferences_);
+    if (intake_.hasFailed) {
+      runLog_.AppendProgress("Could not continue with further checking.");
+      services_.messages.Note(file_.path + ": " + intake_.reason);
+    }
+    runLog_.AppendProgress(ClosingLine);
+    return Status();
+  }
+
+ private:
+  template <typename Routine>
+  void Guard(std::string_view name, Routine&& routine) {
+    if (GuardRoutine<DictionaryError>(services_.messages, name, routine)) return;
+    hasFailedRoutine_ = true;
+  }
+
+  template <std::size_t Count>
+  void RunSteps(const std::array<CheckStep, Count>& steps, CheckedFile& file) {
+    for (const CheckStep& step : steps) {
+      if (Applies(step, file)) Guard(step.routine, [&] { step.run(file); });
+    }
+  }
+
+  void RunChecks() {
+    const DetectedVersion& version = *intake_.version;
+    const DictionaryChoice choice = ChooseDictionary(version, settings_);
+    CheckedFile file(intake_.text, version.format, dictionaries_.Get(choice), log_);
+    file.versionText = file.IsAgs4() ? "4" : "3";
+    file.isDictionaryNamed = !Trim(choice.customSchema).empty();
+
+    RunSteps(ChecksBeforeVersion, file);
+    if (file.delimiter.empty()) file.delimiter = "|";
+    if (file.concatenator.empty()) file.concatenator = "+";
+    runLog_.AppendProgress("File AGS Version: " + file.versionText + std::string(LineBreak));
+    NoteOtherEdition(file);
+    RunSteps(ChecksAfterVersion, file);
+
+    typeDifferences_ = std::move(file.TypeDifferences);
+    unitDifferences_ = std::move(file.UnitDifferences);
+  }
+
+  /// An AGS 4 file is checked against the schema of the run, whatever edition it names: whoever
+  /// reads an unattended run's output should know.
+  void NoteOtherEdition(const CheckedFile& file) const {
+    const std::string_view edition = EditionOfSchema(intake_.schemaPath);
+    const std::string_view stated = Trim(file.versionText);
+    if (!file.IsAgs4() || edition.empty() || stated == "4" || stated == edition) return;
+    services_.messages.Note(file_.path + ": TRAN_AGS is \"" + std::string(stated) +
+                            "\", the file was checked against the schema of edition " +
+                            std::string(edition));
+  }
+
+  void WriteDifferences(std::string_view title, const std::string& differences) {
+    if (!differences.empty()) runLog_.AppendProgress(std::string(title) + differences);
+  }
+
+  CheckStatus Status() const {
+    if (intake_.hasFailed || hasFailedRoutine_) return CheckStatus::HasErrors;
+    for (std::size_t index = 0; index < log_.ClosedCount(); ++index) {
+      if (log_.ClosedFinding(index).severity == Severity::Error) return CheckStatus::HasErrors;
+    }
+    return CheckStatus::Clean;
+  }
+
+  const Services& services_;
+  DictionaryStore& dictionaries_;
+  RunLog& runLog_;
+  const FileToCheck& file_;
+  CheckSettings settings_;
+  MessageLog log_;
+  FileIntake intake_;
+  bool hasFailedRoutine_ = false;
+  std::string typeDifferences_;
+  std::string unitDifferences_;
+};
+
+}  // namespace
+
+CheckStatus CheckAGSFile(const Services& services, DictionaryStore& dictionaries, RunLog& runLog,
+                         const FileToCheck& file) {
+  CheckStatus status = CheckStatus::HasErrors;
+  GuardRoutine<DictionaryError>(services.messages, "CheckAGSFile", [&] {
+    status = FileCheck(services, dictionaries, runLog, file).Run();
+  });
+  return status;
+}
+
+}  // namespace quorvane

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "report/run_log.h"
+#include "run/check_file.h"
+#include "run/services.h"
+
+namespace quorvane {
+
+/// A check over the files that the window names. The log of the last run is kept until the next
+/// one begins.
+class CheckRun {
+ public:
+  explicit CheckRun(const Services& services) : services_(services) {}
+
+  /// Checks the files one after the other. What keeps a run from starting, or ends it early, is
+  /// shown in a box; the status is then NotDone.
+  CheckStatus ExecuteChecking();
+
+  /// The full text of the last run; empty when there was none.
+  const std::string& LogText() const;
+
+ private:
+  CheckStatus CheckFiles(const CheckSettings& settings);
+  void WriteRunHeader(const CheckSettings& settings, std::size_t fileCount);
+  void WriteClosingLines();
+
+  Services services_;
+  std::unique_ptr<RunLog> log_;
+};
+
+/// The list of files in its normal form: lines trimmed, empty ones dropped, CR LF between.
+std::string NormaliseFileList(std::string_view files);
+
+}  // namespace quorvane

@@ -1,0 +1,101 @@
+#include "run/system_disk.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <system_error>
+
+namespace quorvane {
+namespace {
+
+FileFailure FailureOf(const std::error_code& code) { return {code.value(), code.message()}; }
+
+FileFailure LastFailure() { return FailureOf({errno, std::generic_category()}); }
+
+/// Closes a file that is only read: a failure to close it changes nothing.
+struct FileCloser {
+  void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
+};
+using OpenFile = std::unique_ptr<std::FILE, FileCloser>;
+
+OpenFile Open(const std::string& path, const char* mode) {
+#if defined(_WIN32)
+  const std::wstring wideMode(mode, mode + std::char_traits<char>::length(mode));
+  return OpenFile(_wfopen(std::filesystem::path(path).c_str(), wideMode.c_str()));
+#else
+  return OpenFile(std::fopen(path.c_str(), mode));
+#endif
+}
+
+FileTime ToSystemTime(std::filesystem::file_time_type time) {
+  return std::chrono::time_point_cast<FileTime::duration>(
+      std::chrono::file_clock::to_sys(time));
+}
+
+bool WriteAll(std::FILE* file, std::string_view text) {
+  return std::fwrite(text.data(), 1, text.size(), file) == text.size();
+}
+
+}  // namespace
+
+FileFacts SystemDisk::Examine(const std::string& path) {
+  FileFacts facts;
+  std::error_code failure;
+  const std::filesystem::file_status status = std::filesystem::status(path, failure);
+  if (!std::filesystem::exists(status)) {
+    // A path that cannot be looked at is not the same as one that is not there.
+    facts.exists = failure && failure != std::errc::no_such_file_or_directory &&
+                   failure != std::errc::not_a_directory;
+    if (facts.exists) facts.obstacle = FailureOf(failure);
+    return facts;
+  }
+  facts.exists = true;
+  if (std::filesystem::is_directory(status)) {
+    facts.obstacle = FailureOf(std::make_error_code(std::errc::is_a_directory));
+  } else if (!std::filesystem::is_regular_file(status)) {
+    facts.obstacle = FailureOf(std::make_error_code(std::errc::operation_not_supported));
+  } else {
+    facts.size = std::filesystem::file_size(path, failure);
+    facts.lastChange = ToSystemTime(std::filesystem::last_write_time(path, failure));
+    if (failure) facts.obstacle = FailureOf(failure);
+  }
+  return facts;
+}
+
+Disk::Reading SystemDisk::Read(const std::string& path) {
+  Reading reading;
+  const FileFacts facts = Examine(path);
+  if (facts.obstacle) {
+    reading.failure = facts.obstacle;
+    return reading;
+  }
+  const OpenFile file = Open(path, "rb");
+  if (!file) {
+    reading.failure = LastFailure();
+    return reading;
+  }
+  reading.content = ByteBuffer::WithRoomFor(static_cast<std::size_t>(facts.size));
+  // The file may have become shorter since it was examined; what it has gained is left out.
+  const std::size_t size =
+      std::fread(reading.content.Data(), 1, reading.content.Size(), file.get());
+  if (std::ferror(file.get()) != 0) {
+    reading.failure = LastFailure();
+    reading.content = {};
+    return reading;
+  }
+  reading.content.ShrinkTo(size);
+  return reading;
+}
+
+std::optional<FileFailure> SystemDisk::Write(const std::string& path, std::string_view text,
+                                             std::string_view ending) {
+  OpenFile file = Open(path, "wb");
+  if (!file) return LastFailure();
+  const bool isWritten = WriteAll(file.get(), text) && WriteAll(file.get(), ending);
+  if (!isWritten) return LastFailure();
+  if (std::fclose(file.release()) != 0) return LastFailure();
+  return std::nullopt;
+}
+
+}  // namespace quorvane

@@ -1,0 +1,125 @@
+#include "text/number.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include "text/text.h"
+
+namespace quorvane {
+namespace {
+
+/// Enough for every double without an exponent: sign, 309 digits, a point and 1074 decimals.
+constexpr std::size_t LongestPlainNumber = 1400;
+
+bool IsSign(char letter) { return letter == '+' || letter == '-'; }
+
+std::size_t SkipDigits(std::string_view text, std::size_t at) {
+  while (at < text.size() && IsDigit(text[at])) ++at;
+  return at;
+}
+
+/// Length of the longest numeric prefix; 0 when there is none.
+std::size_t NumericPrefix(std::string_view text) {
+  std::size_t at = !text.empty() && IsSign(text.front()) ? 1 : 0;
+  const std::size_t whole = SkipDigits(text, at);
+  std::size_t digits = whole - at;
+  at = whole;
+  if (at < text.size() && text[at] == '.') {
+    const std::size_t fraction = SkipDigits(text, at + 1);
+    digits += fraction - (at + 1);
+    at = fraction;
+  }
+  if (digits == 0) return 0;
+  if (at < text.size() && (text[at] == 'E' || text[at] == 'e')) {
+    std::size_t exponent = at + 1;
+    if (exponent < text.size() && IsSign(text[exponent])) ++exponent;
+    const std::size_t end = SkipDigits(text, exponent);
+    if (end > exponent) at = end;
+  }
+  return at;
+}
+
+/// Whether a number outside a double's range lies near 0: by the sign of its exponent, or, without
+/// one, because nothing but zeros stands before its point.
+bool IsTiny(std::string_view number) {
+  const std::size_t exponent = number.find_first_of("Ee");
+  if (exponent != std::string_view::npos) return number.substr(exponent + 1).starts_with('-');
+  return number.substr(0, number.find('.')).find_first_of("123456789") == std::string_view::npos;
+}
+
+/// The value of a text that is known to be numeric.
+double ValueOf(std::string_view number) {
+  if (number.front() == '+') number.remove_prefix(1);
+  double value = 0.0;
+  const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
+  if (result.ec != std::errc::result_out_of_range) return value;
+  if (IsTiny(number)) return 0.0;
+  const double infinite = std::numeric_limits<double>::infinity();
+  return number.front() == '-' ? -infinite : infinite;
+}
+
+/// Whether a numeric text is short and plain enough that its value can be read off its digits.
+bool IsPlainDecimal(std::string_view number) {
+  return number.size() <= 15 && number.find_first_of("Ee") == std::string_view::npos;
+}
+
+}  // namespace
+
+bool IsNumeric(std::string_view text) { return !text.empty() && NumericPrefix(text) == text.size(); }
+
+std::optional<double> NumericValue(std::string_view text) {
+  if (!IsNumeric(text)) return std::nullopt;
+  return ValueOf(text);
+}
+
+bool IsWholeNumber(std::string_view text) {
+  const std::optional<double> value = NumericValue(text);
+  return value && *value == std::trunc(*value);
+}
+
+std::int64_t WholeNumberValue(std::string_view text) {
+  text = text.substr(std::min(text.find_first_not_of(' '), text.size()));
+  const std::size_t length = NumericPrefix(text);
+  if (length == 0) return 0;
+  constexpr double largest = 9e18;
+  const double value = std::trunc(ValueOf(text.substr(0, length)));
+  if (value > largest) return static_cast<std::int64_t>(largest);
+  if (value < -largest) return -static_cast<std::int64_t>(largest);
+  return static_cast<std::int64_t>(value);
+}
+
+std::string PlainNumber(double value) {
+  if (value == 0.0) return "0";
+  std::array<char, LongestPlainNumber> buffer;
+  const auto result =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed);
+  return std::string(buffer.data(), result.ptr);
+}
+
+std::string CanonicalNumber(std::string_view text) {
+  if (!IsNumeric(text)) return std::string(text);
+  if (!IsPlainDecimal(text)) return PlainNumber(ValueOf(text));
+  const bool isNegative = text.front() == '-';
+  if (IsSign(text.front())) text.remove_prefix(1);
+  const std::size_t point = std::min(text.find('.'), text.size());
+  std::string_view whole = text.substr(0, point);
+  std::string_view fraction = text.substr(std::min(point + 1, text.size()));
+  while (!whole.empty() && whole.front() == '0') whole.remove_prefix(1);
+  while (!fraction.empty() && fraction.back() == '0') fraction.remove_suffix(1);
+  if (whole.empty() && fraction.empty()) return "0";
+  std::string canonical(isNegative ? "-" : "");
+  canonical.append(whole.empty() ? std::string_view("0") : whole);
+  if (!fraction.empty()) canonical.append(".").append(fraction);
+  return canonical;
+}
+
+std::string GroupedCount(std::uint64_t count) {
+  std::string digits = std::to_string(count);
+  for (std::size_t at = digits.size(); at > 3; at -= 3) digits.insert(at - 3, 1, ',');
+  return digits;
+}
+
+}  // namespace quorvane

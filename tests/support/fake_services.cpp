@@ -1,0 +1,53 @@
+#include "support/fake_services.h"
+
+#include <stdexcept>
+
+namespace quorvane::test {
+
+FileFacts MemoryDisk::Examine(const std::string& path) {
+  FileFacts facts;
+  if (const auto found = obstacles.find(path); found != obstacles.end()) {
+    facts.exists = true;
+    facts.obstacle = found->second;
+    return facts;
+  }
+  const auto found = files.find(path);
+  if (found == files.end()) return facts;
+  facts.exists = true;
+  const auto stated = statedSizes.find(path);
+  facts.size = stated != statedSizes.end() ? stated->second : found->second.size();
+  return facts;
+}
+
+Disk::Reading MemoryDisk::Read(const std::string& path) {
+  if (throwsWhenRead == path) throw std::runtime_error("the disk is on fire");
+  Reading reading;
+  if (const auto found = readFailures.find(path); found != readFailures.end()) {
+    reading.failure = found->second;
+  } else if (const auto file = files.find(path); file != files.end()) {
+    reading.content = ByteBuffer(file->second);
+  } else {
+    reading.failure = FileFailure{2, "No such file or directory"};
+  }
+  return reading;
+}
+
+std::optional<FileFailure> MemoryDisk::Write(const std::string& path, std::string_view text,
+                                             std::string_view ending) {
+  if (const auto found = writeFailures.find(path); found != writeFailures.end()) {
+    return found->second;
+  }
+  files[path] = std::string(text) + std::string(ending);
+  return std::nullopt;
+}
+
+void RecordingMessages::ShowBox(std::string_view title, std::string_view text, BoxKind) {
+  boxes.push_back(std::string(title) + ": " + std::string(text));
+}
+
+void RecordingWindow::BeginFile(std::string_view path, int number, int count) {
+  events.push_back("file " + std::string(path) + " " + std::to_string(number) + " of " +
+                   std::to_string(count));
+}
+
+}  // namespace quorvane::test
