@@ -23,7 +23,8 @@ int DictGroup::HeadingPosition(std::string_view heading) const {
 void DictGroup::IndexHeadings() {
   positions_.clear();
   int position = 0;
-  for (const std::string& heading : Headings) positions_.try_emplace(heading, ++position);
+  for (const std::string& heading : Headings)
+    positions_.try_emplace(heading, ++position);
 }
 
 void AgsDictionary::AddGroup(DictGroup group) {

@@ -104,8 +104,8 @@ class StreamReader {
 
   void AddLinkKeyHeading(std::int64_t position) {
     if (position < 1 || position > std::ssize(group_.Headings)) return;
-    const std::string heading = QualifyHeadingName(
-        format_, group_.Headings[static_cast<std::size_t>(position - 1)]);
+    const std::string heading =
+        QualifyHeadingName(format_, group_.Headings[static_cast<std::size_t>(position - 1)]);
     std::vector<std::string>& known = dictionary_.LinkKeyHeadings;
     if (std::find(known.begin(), known.end(), heading) == known.end()) known.push_back(heading);
   }
@@ -164,7 +164,8 @@ AgsDictionary ParseDictionaryStream(AgsFormat format, std::string_view stream,
                                     std::string_view separator, const DictionaryLists& lists) {
   StreamReader reader(format, lists);
   std::size_t position = 1;
-  while (position != 0) reader.Read(TakeToken(position, stream, separator));
+  while (position != 0)
+    reader.Read(TakeToken(position, stream, separator));
   return reader.Finish(lists);
 }
 

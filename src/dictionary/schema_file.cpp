@@ -12,7 +12,9 @@ namespace {
 constexpr std::string_view FirstLine = "'Vexo Schema for AGS";
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
-bool IsBlank(std::string_view text) { return Trim(text).empty(); }
+bool IsBlank(std::string_view text) {
+  return Trim(text).empty();
+}
 
 class SchemaReader {
  public:
@@ -52,16 +54,21 @@ class SchemaReader {
 
   std::string Finish() const {
     if (section_ != Section::GroupDefinitions || next_ != DefinitionLine::Name || stream_.empty()) {
-      throw DictionaryError("LoadAgsDataDictionaryFnS: the schema file ends too early" +
-                            (groupName_.empty() ? std::string()
-                                                : ", in or behind group '" + groupName_ + "'") +
-                            ".");
+      throw DictionaryError(
+          "LoadAgsDataDictionaryFnS: the schema file ends too early" +
+          (groupName_.empty() ? std::string() : ", in or behind group '" + groupName_ + "'") + ".");
     }
     return stream_.substr(separator_.size());
   }
 
  private:
-  enum class Section { LocationGroup, LocationKey, RequiredGroups, RequiredFields, GroupDefinitions };
+  enum class Section {
+    LocationGroup,
+    LocationKey,
+    RequiredGroups,
+    RequiredFields,
+    GroupDefinitions
+  };
   enum class DefinitionLine { Name, Key, Headings, Units, Types };
 
   bool EndsSection(std::string_view line) const {
@@ -110,7 +117,8 @@ class SchemaReader {
 
   void ReadHeadings(std::string_view line) {
     std::vector<std::string_view> headings = Split(line, ",");
-    if (isCommaMode_) headings.erase(std::find(headings.begin(), headings.end(), ""), headings.end());
+    if (isCommaMode_)
+      headings.erase(std::find(headings.begin(), headings.end(), ""), headings.end());
     headings_.assign(headings.begin(), headings.end());
     AddItem(Join(headings_, ","));
   }
@@ -191,7 +199,8 @@ std::string LoadAgsDataDictionaryFnS(Disk& disk, const std::string& path,
   }
   const bool isCommaMode = firstLine.find(',') != std::string_view::npos;
   SchemaReader reader(separator, isCommaMode, lists);
-  for (const std::string_view line : lines) reader.ReadLine(Trim(line));
+  for (const std::string_view line : lines)
+    reader.ReadLine(Trim(line));
   return reader.Finish();
 }
 

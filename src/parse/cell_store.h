@@ -6,11 +6,14 @@
 #include <string_view>
 #include <vector>
 
+#include "parse/field_scan.h"
+
 namespace quorvane {
 
-/// The cells of all data rows of a file, four bytes each: a cell is kept as the offset of its value
-/// in the file's text and made into a view on demand. A value that does not stand in the file as it
-/// is read (a continued one, say) is kept in a text of the store's own.
+/// The cells of all data rows of a file. A cell of a regular line is kept as the offset of its
+/// value in the line, two bytes, and made into a view on demand. The cells of other rows are kept
+/// as start and length, eight bytes; a value that does not stand in the file as it is read (a
+/// continued one, say) is in a text of the store's own.
 ///
 /// Rows are counted from 0 over the whole file.
 class CellStore {
@@ -41,13 +44,13 @@ class CellStore {
   std::string_view Value(std::uint32_t row, std::size_t column) const {
     const RowRecord& record = rows_[row];
     if (column > record.cellCount) return {};
-    const std::uint32_t* cells = Cells(record.firstCell);
-    if (record.isCopied) {
-      const std::uint32_t* cell = cells + 2 * (column - 1);
-      return {TextAt(cell[0]), cell[1]};
+    if (!record.isRegular) {
+      const Span& span = spans_[record.firstCell + column - 1];
+      return {TextAt(span.start), span.length};
     }
-    const std::uint32_t start = cells[column - 1];
-    return {fileText_.data() + start, cells[column] - BoundaryLength - start};
+    const FieldOffset* offset = Offsets(record.firstCell) + column;
+    const std::size_t start = offset[-1];
+    return {fileText_.data() + record.lineStart + start, *offset - BoundaryLength - start};
   }
 
   /// Whether a value is a view into the file's text.
@@ -63,38 +66,43 @@ class CellStore {
  private:
   /// Between two values of a regular line stand a quote, a comma and a quote.
   static constexpr std::uint32_t BoundaryLength = 3;
-  static constexpr std::uint32_t ChunkBits = 18;
+  /// Room for many of the longest regular lines.
+  static constexpr std::uint32_t ChunkBits = 19;
   static constexpr std::uint32_t ChunkSize = 1U << ChunkBits;
   static constexpr std::uint32_t OwnTextFlag = 1U << 31;
 
+  /// A value in the file's text or, with OwnTextFlag, in the store's own.
+  struct Span {
+    std::uint32_t start;
+    std::uint32_t length;
+  };
+
   struct RowRecord {
-    std::uint32_t firstCell;
     std::uint32_t lineNumber : 31;
-    std::uint32_t isCopied : 1;  // cells are pairs of start and length instead of starts alone
+    std::uint32_t isRegular : 1;
+    std::uint32_t lineStart;  // of a regular line, in the file's text
+    std::uint32_t firstCell;  // in the offsets of a regular row, else in spans_
     std::uint32_t cellCount;
   };
 
-  const std::uint32_t* Cells(std::uint32_t first) const {
-    return chunks_[first >> ChunkBits] + (first & (ChunkSize - 1));
+  const FieldOffset* Offsets(std::uint32_t first) const {
+    return chunks_[first >> ChunkBits].get() + (first & (ChunkSize - 1));
   }
   const char* TextAt(std::uint32_t start) const {
     return (start & OwnTextFlag) != 0 ? ownText_.data() + (start & ~OwnTextFlag)
                                       : fileText_.data() + start;
   }
 
-  /// Room for a row's cells in one piece, which AddedCells then takes.
-  std::uint32_t* RoomFor(std::size_t cells);
-  void AddRecord(std::int32_t lineNumber, bool isCopied, std::size_t cellCount, std::size_t used);
+  /// Room for the offsets of a line in one piece, beginning at nextOffset_.
+  FieldOffset* RoomFor(std::size_t offsets);
   std::uint32_t StartOf(std::string_view value);
 
   std::string_view fileText_;
   std::string ownText_;
   std::vector<RowRecord> rows_;
-  // A chunk pointer for every ChunkSize cell indices; a row never crosses from one piece of memory
-  // into the next, so a row of very many cells has a piece that serves several chunk pointers.
-  std::vector<std::unique_ptr<std::uint32_t[]>> pieces_;
-  std::vector<std::uint32_t*> chunks_;
-  std::uint64_t nextCell_ = 0;
+  std::vector<Span> spans_;
+  std::vector<std::unique_ptr<FieldOffset[]>> chunks_;  // ChunkSize offsets each
+  std::uint64_t nextOffset_ = 0;
 };
 
 }  // namespace quorvane

@@ -48,8 +48,7 @@ void DataRowReader::AddDataRow(std::int32_t lineNumber, std::string_view line) {
   const int groupIndex = table_.GroupCount();
   const bool looksContinued = LooksContinued(line);
   if (!looksContinued) FinishRow();
-  const std::size_t fieldCount =
-      looksContinued ? 0 : table_.AddRegularRow(lineNumber, line);
+  const std::size_t fieldCount = looksContinued ? 0 : table_.AddRegularRow(lineNumber, line);
   const std::int32_t rowCount = table_.At(groupIndex).rowCount;
   MessagePlace place{groupIndex, rowCount, 0};
   bool differs = fieldCount != HeadingCount();
@@ -62,11 +61,9 @@ void DataRowReader::AddDataRow(std::int32_t lineNumber, std::string_view line) {
   if (differs) log_.AddMessage(lineNumber, FieldCountDiffers, {}, place);
 }
 
-void DataRowReader::ReadFields(std::int32_t lineNumber, std::string_view line,
-                               MessagePlace place) {
+void DataRowReader::ReadFields(std::int32_t lineNumber, std::string_view line, MessagePlace place) {
   fields_ = {};
-  const bool isRead =
-      format_ == AgsFormat::Ags4 && ReadWellFormedFields(lineNumber, line, place);
+  const bool isRead = format_ == AgsFormat::Ags4 && ReadWellFormedFields(lineNumber, line, place);
   if (!isRead) ReadFieldsByRule(lineNumber, line, place);
 }
 
@@ -105,8 +102,7 @@ void DataRowReader::ReadFieldsByRule(std::int32_t lineNumber, std::string_view l
   std::size_t position = 1;
   while (position != 0 && fields_.values.size() < HeadingCount()) {
     ++source.place.heading;
-    fields_.values.push_back(
-        GetNextField(source, position, fields_.restored.emplace_back()));
+    fields_.values.push_back(GetNextField(source, position, fields_.restored.emplace_back()));
     if (fields_.restored.back().empty()) fields_.restored.pop_back();
   }
   fields_.hasMore = position != 0;
@@ -136,8 +132,9 @@ void DataRowReader::ContinueRow() {
 /// The last row's values with the continuation appended, column by column; the pieces are joined
 /// once per row, so that a value continued over very many lines stays cheap.
 std::vector<std::string> DataRowReader::ContinuedValues(std::size_t columnCount) {
-  std::stable_sort(continuation_.begin(), continuation_.end(),
-                   [](const Piece& left, const Piece& right) { return left.column < right.column; });
+  std::stable_sort(
+      continuation_.begin(), continuation_.end(),
+      [](const Piece& left, const Piece& right) { return left.column < right.column; });
   const int group = table_.GroupCount();
   const std::int32_t row = table_.At(group).rowCount;
   std::vector<std::string> values(columnCount);
@@ -145,7 +142,8 @@ std::vector<std::string> DataRowReader::ContinuedValues(std::size_t columnCount)
   for (std::size_t column = 1; column <= columnCount; ++column) {
     std::string& value = values[column - 1];
     value = table_.Value(group, row, static_cast<int>(column));
-    for (; piece != continuation_.end() && piece->column == column; ++piece) value += piece->text;
+    for (; piece != continuation_.end() && piece->column == column; ++piece)
+      value += piece->text;
   }
   return values;
 }
@@ -156,7 +154,8 @@ void DataRowReader::FinishRow() {
   const std::int32_t row = table_.At(group).rowCount;
   const std::int32_t lineNumber = table_.RowLine(group, row);
   std::size_t columnCount = table_.CellCount(group, row);
-  for (const Piece& piece : continuation_) columnCount = std::max(columnCount, piece.column);
+  for (const Piece& piece : continuation_)
+    columnCount = std::max(columnCount, piece.column);
   const std::vector<std::string> values = ContinuedValues(columnCount);
   table_.RemoveLastRow();
   table_.AddRow(lineNumber, {values.begin(), values.end()});

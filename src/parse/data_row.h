@@ -55,7 +55,7 @@ class DataRowReader {
   MessageLog& log_;
   AgsFormat format_;
   Fields fields_;
-  std::vector<Piece> continuation_;             // of the last row, line by line
+  std::vector<Piece> continuation_;            // of the last row, line by line
   std::deque<std::string> continuationTexts_;  // what pieces point to that are not in the file
 };
 

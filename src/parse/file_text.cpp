@@ -38,8 +38,8 @@ FileText::FileText(ByteBuffer bytes) : bytes_(std::move(bytes)), text_(bytes_.Vi
 }
 
 void FileText::SplitLines(std::string_view lineEnd) {
-  const auto count = std::count(text_.begin(), text_.end(), lineEnd.back());
-  lines_.reserve(static_cast<std::size_t>(count) + 1);
+  constexpr std::size_t usualLineLength = 100;
+  lines_.reserve(text_.size() / usualLineLength + 1);
   std::size_t start = 0;
   while (start <= text_.size()) {
     const std::size_t end = FindLineEnd(text_, lineEnd, start);
@@ -55,8 +55,7 @@ void FileText::DropPrefix(std::int32_t number, std::size_t length) {
     text.erase(0, std::min(length, text.size()));
     return;
   }
-  line.start = static_cast<std::uint32_t>(
-      std::min<std::size_t>(line.start + length, line.end));
+  line.start = static_cast<std::uint32_t>(std::min<std::size_t>(line.start + length, line.end));
 }
 
 void FileText::Rewrite(std::int32_t number, std::string text) {

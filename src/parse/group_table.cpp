@@ -77,8 +77,8 @@ std::vector<int> GroupTable::GroupIndexList(std::string_view name) const {
 int GroupTable::ColumnOf(const std::string& upperName, int group) const {
   const auto found = headingsByName_.find(upperName);
   if (found == headingsByName_.end()) return 0;
-  const auto place =
-      std::lower_bound(found->second.begin(), found->second.end(), HeadingPlace{group, 0}, IsBefore);
+  const auto place = std::lower_bound(found->second.begin(), found->second.end(),
+                                      HeadingPlace{group, 0}, IsBefore);
   return place != found->second.end() && place->group == group ? place->column : 0;
 }
 

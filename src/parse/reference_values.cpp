@@ -8,7 +8,9 @@ namespace quorvane {
 namespace {
 
 /// A heading's first four characters are the group that it belongs to.
-std::string_view GroupPrefix(std::string_view heading) { return heading.substr(0, 4); }
+std::string_view GroupPrefix(std::string_view heading) {
+  return heading.substr(0, 4);
+}
 
 }  // namespace
 

@@ -62,7 +62,8 @@ class RowTextIndex {
   std::uint32_t& SlotOf(std::uint64_t hash, std::string_view text) {
     const std::size_t mask = slots_.size() - 1;
     std::size_t at = hash & mask;
-    while (slots_[at] != 0 && !IsEntry(slots_[at] - 1, hash, text)) at = (at + 1) & mask;
+    while (slots_[at] != 0 && !IsEntry(slots_[at] - 1, hash, text))
+      at = (at + 1) & mask;
     return slots_[at];
   }
 

@@ -20,26 +20,29 @@ const MessageDefinition UnknownGroupLineSyntax{
     .id = "structure.unknown-group-line",
     .ags3 = {Severity::Error, "10", "unknown data group line syntax:  {0}"},
     .ags4 = {Severity::Error, "10", "unknown data group line syntax:  {0}"},
-    .meaning = "A line stands where the line that opens a group is expected, and it is no group "
-               "line.",
-    .remedy = "Begin the data with a group line, \"**NAME\" (AGS 3) or \"GROUP\",\"NAME\" (AGS 4), "
-              "and remove text before it."};
+    .meaning =
+        "A line stands where the line that opens a group is expected, and it is no group "
+        "line.",
+    .remedy =
+        "Begin the data with a group line, \"**NAME\" (AGS 3) or \"GROUP\",\"NAME\" (AGS 4), "
+        "and remove text before it."};
 
 const MessageDefinition HeadingWithoutAsterisk{
     .id = "structure.heading-without-asterisk",
     .ags3 = WithoutAsteriskForm,
     .ags4 = WithoutAsteriskForm,
-    .meaning = "A field of a heading line does not have the form of a heading. The line may be a "
-               "data or units line whose heading line is missing.",
-    .remedy = "Write each heading as \"*HEADING\" (AGS 3). In AGS 4, look at the commas and quotes "
-              "of the HEADING line."};
+    .meaning =
+        "A field of a heading line does not have the form of a heading. The line may be a "
+        "data or units line whose heading line is missing.",
+    .remedy =
+        "Write each heading as \"*HEADING\" (AGS 3). In AGS 4, look at the commas and quotes "
+        "of the HEADING line."};
 
-const MessageDefinition HeadingRepeated{
-    .id = "structure.heading-repeated",
-    .ags3 = HeadingRepeatedForm,
-    .ags4 = HeadingRepeatedForm,
-    .meaning = "A group has the same heading more than once.",
-    .remedy = "Remove or rename one of the columns."};
+const MessageDefinition HeadingRepeated{.id = "structure.heading-repeated",
+                                        .ags3 = HeadingRepeatedForm,
+                                        .ags4 = HeadingRepeatedForm,
+                                        .meaning = "A group has the same heading more than once.",
+                                        .remedy = "Remove or rename one of the columns."};
 
 const MessageDefinition TooManyHeadings{
     .id = "structure.too-many-headings",
@@ -75,8 +78,9 @@ const MessageDefinition UnitCountDiffers{
              "number of units does not match the number of headers (Rule 18)."},
     .ags4 = {Severity::Error, "4", "number of units does not match the number of headers."},
     .meaning = "The units line of a group has more or fewer fields than its heading line.",
-    .remedy = "Give the units line one field for each heading; a heading without a unit has an "
-              "empty field."};
+    .remedy =
+        "Give the units line one field for each heading; a heading without a unit has an "
+        "empty field."};
 
 const MessageDefinition TypeCountDiffers{
     .id = "structure.type-count-differs",
@@ -101,8 +105,8 @@ const MessageDefinition ReferenceValuesMissing{
 
 MessageTable StructureMessages() {
   static constexpr std::array table{
-      &UnknownGroupLineSyntax, &HeadingWithoutAsterisk, &HeadingRepeated,  &TooManyHeadings,
-      &UnitsLineMissing,       &UnitsLineDoesNotApply,  &UnitsLineStart,   &UnitCountDiffers,
+      &UnknownGroupLineSyntax, &HeadingWithoutAsterisk, &HeadingRepeated,       &TooManyHeadings,
+      &UnitsLineMissing,       &UnitsLineDoesNotApply,  &UnitsLineStart,        &UnitCountDiffers,
       &TypeCountDiffers,       &RequiredHeadingMissing, &ReferenceValuesMissing};
   return table;
 }

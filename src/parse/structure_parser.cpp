@@ -111,8 +111,7 @@ void StructureParser::ReadHeadingLine(std::int32_t lineNumber, std::string_view 
   Group& group = CurrentGroup();
   if (group.headingLine == 0) group.headingLine = lineNumber;
   const bool goesOn = DropListContinuation(line);
-  ForEachField(lineNumber, line,
-               [&](std::string_view field) { ReadHeading(lineNumber, field); });
+  ForEachField(lineNumber, line, [&](std::string_view field) { ReadHeading(lineNumber, field); });
   if (goesOn) return;
   if (format_ == AgsFormat::Ags3 && group.HeadingCount() > MostAgs3Headings) {
     log_.AddMessage(group.headingLine, TooManyHeadings, {group.name}, GroupPlace());

@@ -47,9 +47,9 @@ using MessageTable = std::span<const MessageDefinition* const>;
 /// that takes the value.
 class MessageValue {
  public:
-  MessageValue(std::string_view text) : text_(text) {}      // NOLINT(google-explicit-constructor)
-  MessageValue(const std::string& text) : text_(text) {}    // NOLINT(google-explicit-constructor)
-  MessageValue(const char* text) : text_(text) {}           // NOLINT(google-explicit-constructor)
+  MessageValue(std::string_view text) : text_(text) {}    // NOLINT(google-explicit-constructor)
+  MessageValue(const std::string& text) : text_(text) {}  // NOLINT(google-explicit-constructor)
+  MessageValue(const char* text) : text_(text) {}         // NOLINT(google-explicit-constructor)
   template <std::integral Number>
   MessageValue(Number number) : number_(static_cast<std::int64_t>(number)), isNumber_(true) {}
 

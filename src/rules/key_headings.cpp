@@ -78,8 +78,8 @@ void CheckKeyHeadings(CheckedFile& file, int groupIndex, bool hasData) {
     if (!dictGroup.KeyHeadings.empty()) {
       const std::vector<std::string_view> missing = SetKeyColumns(group, dictGroup);
       if (!missing.empty() && hasData) {
-        file.log.AddMessage(group.headingLine, KeyHeadingsMissing,
-                            {group.name, Join(missing, ",")}, {groupIndex, 0, 0});
+        file.log.AddMessage(group.headingLine, KeyHeadingsMissing, {group.name, Join(missing, ",")},
+                            {groupIndex, 0, 0});
       }
     }
   }

@@ -10,7 +10,8 @@ constexpr MessageForm ProjIdForm{Severity::Error, "6a",
 constexpr MessageForm KeyRepeatedForm{Severity::Error, "6b",
                                       "Group {0} key '{1}' is repeated in line {2}."};
 constexpr MessageForm ParentGroupForm{
-    Severity::Error, "6c", "Group {0} is the parent of group {1} and is not found in the data file."};
+    Severity::Error, "6c",
+    "Group {0} is the parent of group {1} and is not found in the data file."};
 constexpr MessageForm CaseForm{
     Severity::Fyi, "6c",
     "Group {0} key {1} does not match the case of the associated key in the parent group ({2}:  "
@@ -33,17 +34,18 @@ const MessageDefinition KeyHeadingsMissing{
     .ags3 = {Severity::Error, "6",
              "Group '{0}' is missing the follow key heading(s): {1} (Rule 6)"},
     .ags4 = {Severity::Error, "", "Group '{0}' is missing the follow key heading(s): {1}"},
-    .meaning = "Headings that form the key of a group are not in its heading line. Its keys could "
-               "not be checked.",
+    .meaning =
+        "Headings that form the key of a group are not in its heading line. Its keys could "
+        "not be checked.",
     .remedy = "Add the headings listed."};
 
 const MessageDefinition LocationKeyNotFirst{
     .id = "keys.location-key-not-first",
-    .ags3 = {Severity::Error, "6a",
-             "Group '{0}' does not have '{1}' as the first field (Rule 6a)"},
+    .ags3 = {Severity::Error, "6a", "Group '{0}' does not have '{1}' as the first field (Rule 6a)"},
     .ags4 = {Severity::Error, "", "Group '{0}' does not have '{1}' as the first field"},
-    .meaning = "The first heading of a group that belongs to locations is not the location "
-               "identifier.",
+    .meaning =
+        "The first heading of a group that belongs to locations is not the location "
+        "identifier.",
     .remedy = "Make the location identifier the first column of the group."};
 
 const MessageDefinition ProjIdNotFirst{
@@ -96,15 +98,10 @@ const MessageDefinition SecondaryParentKeyMissing{
     .remedy = "Add the sample, or correct the sample's key."};
 
 MessageTable KeyMessages() {
-  static constexpr std::array table{&KeyHeadingsMissing,
-                                    &LocationKeyNotFirst,
-                                    &ProjIdNotFirst,
-                                    &KeyRepeated,
-                                    &ParentGroupMissing,
-                                    &SecondaryParentGroupMissing,
-                                    &ParentKeyCaseDiffers,
-                                    &ParentKeyMissing,
-                                    &SecondaryParentKeyMissing};
+  static constexpr std::array table{
+      &KeyHeadingsMissing,   &LocationKeyNotFirst, &ProjIdNotFirst,
+      &KeyRepeated,          &ParentGroupMissing,  &SecondaryParentGroupMissing,
+      &ParentKeyCaseDiffers, &ParentKeyMissing,    &SecondaryParentKeyMissing};
   return table;
 }
 

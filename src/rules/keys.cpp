@@ -46,7 +46,7 @@ bool MakeKeyText(const GroupTable& table, const RowPlace& place, std::span<const
     const std::string_view value = TrimRight(table.Value(place.group, place.row, part.column));
     hasValue |= !value.empty();
     if (part.isNumeric && form == KeyForm::Comparable) {
-      text += CanonicalNumber(value);
+      AppendCanonicalNumber(text, value);
     } else {
       text += value;
     }
@@ -63,7 +63,8 @@ std::string KeyTextOf(const GroupTable& table, const RowPlace& place,
 
 std::size_t RowCountOf(const GroupTable& table, std::span<const int> groups) {
   std::size_t rowCount = 0;
-  for (const int group : groups) rowCount += static_cast<std::size_t>(table.At(group).rowCount);
+  for (const int group : groups)
+    rowCount += static_cast<std::size_t>(table.At(group).rowCount);
   return rowCount;
 }
 
@@ -76,7 +77,8 @@ class ParentKeys {
         groups_(std::move(groups)),
         rowCount_(RowCountOf(table, groups_)),
         exact_(rowCount_, KeyMaker{*this, false}) {
-    for (const int group : groups_) parts_.emplace(group, KeyPartsOf(table.At(group)));
+    for (const int group : groups_)
+      parts_.emplace(group, KeyPartsOf(table.At(group)));
     InsertRows(exact_);
   }
 
@@ -249,7 +251,8 @@ std::vector<std::vector<std::int32_t>> SortGroupRows(const CheckedFile& file, in
 
   std::vector<std::vector<std::int32_t>> sorted;
   sorted.reserve(byKey.size());
-  for (auto& [text, rows] : byKey) sorted.push_back(std::move(rows));
+  for (auto& [text, rows] : byKey)
+    sorted.push_back(std::move(rows));
   return sorted;
 }
 
@@ -274,7 +277,8 @@ void CheckDuplicateKeys(CheckedFile& file) {
 
 void CheckParentKeys(CheckedFile& file) {
   ParentKeyCheck check(file);
-  for (int group = 1; group <= file.table.GroupCount(); ++group) check.CheckGroup(group);
+  for (int group = 1; group <= file.table.GroupCount(); ++group)
+    check.CheckGroup(group);
   file.log.CloseCheckSection(file.IsAgs4() ? "Parent keys check " : "Parent keys check (Rule 6c)");
 }
 

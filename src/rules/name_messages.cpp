@@ -19,9 +19,8 @@ constexpr MessageForm HeadingTooLongForm =
     Error("23",
           "Heading '?{0}' in Group '{1}' must be no more than 9 characters excluding the '?' "
           "(Rule 23)");
-constexpr MessageForm HeadingWithoutUnderscoreForm =
-    Error("23",
-          "Heading ?{0} in Group '{1}' must contain an underscore after the Group Name (Rule 23)");
+constexpr MessageForm HeadingWithoutUnderscoreForm = Error(
+    "23", "Heading ?{0} in Group '{1}' must contain an underscore after the Group Name (Rule 23)");
 constexpr MessageForm HeadingCharactersForm =
     Error("23",
           "Heading '{0}' in Group '{1}'{2} must be made up of letters, numbers, and underscore "
@@ -75,9 +74,11 @@ const MessageDefinition GroupNameCharacters{
     .ags3 = Error("22",
                   "Group name ?{0} (excluding the leading '?') must be made up of letters only "
                   "(Rule 22)"),
-    .ags4 = Error("", "Group name ?{0} (excluding the leading '?') must be made up of letters only."),
-    .meaning = "The name of a group that the file defines for itself holds something other than "
-               "letters.",
+    .ags4 =
+        Error("", "Group name ?{0} (excluding the leading '?') must be made up of letters only."),
+    .meaning =
+        "The name of a group that the file defines for itself holds something other than "
+        "letters.",
     .remedy = "Use the letters A to Z only."};
 
 const MessageDefinition GroupNotInDictionary{
@@ -85,8 +86,9 @@ const MessageDefinition GroupNotInDictionary{
     .ags3 = Error("5", "group '{0}' is not an AGS group. (Rule 5)."),
     .ags4 = {},
     .meaning = "The AGS dictionary does not know the group.",
-    .remedy = "Correct the name, or begin it with a question mark and define the group in the DICT "
-              "group."};
+    .remedy =
+        "Correct the name, or begin it with a question mark and define the group in the DICT "
+        "group."};
 
 const MessageDefinition GroupRepeated{
     .id = "names.group-repeated",
@@ -113,8 +115,9 @@ const MessageDefinition HeadingWithoutUnderscore{
     .id = "names.heading-without-underscore",
     .ags3 = HeadingWithoutUnderscoreForm,
     .ags4 = HeadingWithoutUnderscoreForm,
-    .meaning = "A heading that the file defines for itself does not consist of a group name, an "
-               "underscore and a name.",
+    .meaning =
+        "A heading that the file defines for itself does not consist of a group name, an "
+        "underscore and a name.",
     .remedy = "Write the heading as the group name, an underscore and up to four characters."};
 
 const MessageDefinition HeadingCharacters{
@@ -129,15 +132,17 @@ const MessageDefinition HeadingNotInDictionary{
     .ags3 = Error("5", "'{0}' in group '{1}' is not an AGS heading (Rule 5)."),
     .ags4 = {},
     .meaning = "The AGS dictionary does not know the heading in this group.",
-    .remedy = "Correct the heading, or begin it with a question mark and define it in the DICT "
-              "group."};
+    .remedy =
+        "Correct the heading, or begin it with a question mark and define it in the DICT "
+        "group."};
 
 const MessageDefinition HeadingPrefixUnknown{
     .id = "names.heading-prefix",
     .ags3 = HeadingPrefixUnknownForm,
     .ags4 = HeadingPrefixUnknownForm,
-    .meaning = "A heading that the file defines for itself begins with neither the name of its own "
-               "group nor that of any other.",
+    .meaning =
+        "A heading that the file defines for itself begins with neither the name of its own "
+        "group nor that of any other.",
     .remedy = "Begin the heading with the name of its group and an underscore."};
 
 const MessageDefinition HeadingsOutOfOrder{
@@ -147,25 +152,19 @@ const MessageDefinition HeadingsOutOfOrder{
                   "Headings are out of order in group '{0}'. Check the AGS documentation and your "
                   "DICT group. Custom headings must be at the end of AGS format field list. (Rules "
                   "7 and 18a)"),
-    .meaning = "The headings of a group do not stand in the order of the dictionary, with the "
-               "headings of the file's own behind them in the order of its DICT group.",
+    .meaning =
+        "The headings of a group do not stand in the order of the dictionary, with the "
+        "headings of the file's own behind them in the order of its DICT group.",
     .remedy = "Put the columns into that order."};
 
 MessageTable NameMessages() {
-  static constexpr std::array table{&GroupLineNotQuoted,
-                                    &GroupLineForm,
-                                    &GroupLineFieldCount,
-                                    &GroupNameNotUpperCase,
-                                    &GroupNameTooLong,
-                                    &GroupNameCharacters,
-                                    &GroupNotInDictionary,
-                                    &GroupRepeated,
-                                    &HeadingNotUpperCase,
-                                    &HeadingTooLong,
-                                    &HeadingWithoutUnderscore,
-                                    &HeadingCharacters,
-                                    &HeadingNotInDictionary,
-                                    &HeadingPrefixUnknown,
+  static constexpr std::array table{&GroupLineNotQuoted,       &GroupLineForm,
+                                    &GroupLineFieldCount,      &GroupNameNotUpperCase,
+                                    &GroupNameTooLong,         &GroupNameCharacters,
+                                    &GroupNotInDictionary,     &GroupRepeated,
+                                    &HeadingNotUpperCase,      &HeadingTooLong,
+                                    &HeadingWithoutUnderscore, &HeadingCharacters,
+                                    &HeadingNotInDictionary,   &HeadingPrefixUnknown,
                                     &HeadingsOutOfOrder};
   return table;
 }

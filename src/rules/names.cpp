@@ -15,7 +15,9 @@ namespace {
 constexpr std::size_t LongestOwnGroupName = 4;
 constexpr std::size_t LongestOwnHeading = 9;
 
-constexpr bool IsCapital(char letter) { return letter >= 'A' && letter <= 'Z'; }
+constexpr bool IsCapital(char letter) {
+  return letter >= 'A' && letter <= 'Z';
+}
 
 constexpr bool IsHeadingCharacter(char letter) {
   return IsCapital(letter) || IsDigit(letter) || letter == '_';
@@ -205,8 +207,8 @@ bool CheckHeadingName(CheckedFile& file, const MessagePlace& place, std::int32_t
                       std::string& heading) {
   bool isValid = true;
   if (!IsUpperCase(heading)) {
-    file.log.AddMessage(lineNumber, HeadingNotUpperCase,
-                        {heading, file.table.At(place.group).name}, place);
+    file.log.AddMessage(lineNumber, HeadingNotUpperCase, {heading, file.table.At(place.group).name},
+                        place);
     heading = UpperCase(heading);
     isValid = false;
   }
@@ -221,15 +223,15 @@ bool CheckHeadingCharacters(CheckedFile& file, const MessagePlace& place, std::i
   const std::string_view judged = WithoutMark(heading);
   if (std::all_of(judged.begin(), judged.end(), IsHeadingCharacter)) return true;
   const bool hasMark = judged.size() < heading.size();
-  file.log.AddMessage(lineNumber, HeadingCharacters,
-                      {heading, file.table.At(place.group).name,
-                       hasMark ? " (excluding the leading '?')" : ""},
-                      place);
+  file.log.AddMessage(
+      lineNumber, HeadingCharacters,
+      {heading, file.table.At(place.group).name, hasMark ? " (excluding the leading '?')" : ""},
+      place);
   return false;
 }
 
-void CheckHeadingInDictionary(CheckedFile& file, const MessagePlace& place,
-                              std::int32_t lineNumber, std::string_view heading) {
+void CheckHeadingInDictionary(CheckedFile& file, const MessagePlace& place, std::int32_t lineNumber,
+                              std::string_view heading) {
   const Group& group = file.table.At(place.group);
   if (heading.starts_with('?')) {
     const bool isNonStandardGroup =

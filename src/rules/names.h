@@ -38,8 +38,8 @@ bool CheckHeadingCharacters(CheckedFile& file, const MessagePlace& place, std::i
 
 /// Looks a valid heading up in its group's dictionary entry (Rule 5). Only for groups that the
 /// dictionary knows.
-void CheckHeadingInDictionary(CheckedFile& file, const MessagePlace& place,
-                              std::int32_t lineNumber, std::string_view heading);
+void CheckHeadingInDictionary(CheckedFile& file, const MessagePlace& place, std::int32_t lineNumber,
+                              std::string_view heading);
 
 /// Decides the headings in HeadingPrefixList (Rule 23) once the last line was read.
 void CheckHeadingPrefixes(CheckedFile& file);

@@ -38,7 +38,8 @@ void AppendFieldFindings(const CheckedFile& file, std::string_view groupName,
   }
   for (std::int32_t row = 1; row <= file.table.At(group).rowCount; ++row) {
     if (!file.table.Value(group, row, column).empty()) continue;
-    findings += start + "has no data value in line " + std::to_string(file.table.RowLine(group, row));
+    findings +=
+        start + "has no data value in line " + std::to_string(file.table.RowLine(group, row));
   }
 }
 

@@ -12,8 +12,8 @@ constexpr MessageForm RequiredFieldsForm{
     "The following required fields are missing in the HEADING or are missing data values (Rule "
     "10b):{0}"};
 constexpr MessageForm NoHeadingsForm{Severity::Error, "2", "No fields found for the {0} group."};
-constexpr MessageForm ProjCountForm{
-    Severity::Error, "", "PROJ group has {0} records. Must only have 1 record."};
+constexpr MessageForm ProjCountForm{Severity::Error, "",
+                                    "PROJ group has {0} records. Must only have 1 record."};
 
 }  // namespace
 
@@ -28,8 +28,9 @@ const MessageDefinition RequiredFieldsMissing{
     .id = "required.fields-missing",
     .ags3 = RequiredFieldsForm,
     .ags4 = RequiredFieldsForm,
-    .meaning = "Headings that must be there and must hold a value in every row are missing or "
-               "empty.",
+    .meaning =
+        "Headings that must be there and must hold a value in every row are missing or "
+        "empty.",
     .remedy = "Add the headings and fill in the values in the lines listed."};
 
 const MessageDefinition GroupWithoutHeadings{
@@ -84,8 +85,9 @@ const MessageDefinition TranRecordCount{
     .id = "required.tran-records",
     .ags3 = {},
     .ags4 = {Severity::Error, "", "TRAN group has {0} records. Must only have 1 record."},
-    .meaning = "A file is one transmission: its TRAN group has one row. Version, delimiter and "
-               "concatenator could not be taken from it.",
+    .meaning =
+        "A file is one transmission: its TRAN group has one row. Version, delimiter and "
+        "concatenator could not be taken from it.",
     .remedy = "Keep one row in the TRAN group."};
 
 const MessageDefinition TranAgsHeadingMissing{
@@ -108,10 +110,9 @@ const MessageDefinition TranAgsUnknownVersion{
 
 MessageTable RequiredContentMessages() {
   static constexpr std::array table{
-      &RequiredGroupsMissing, &RequiredFieldsMissing, &GroupWithoutHeadings,
-      &GroupWithoutData,      &ProjRecordCount,       &ProjAgsHeadingMissing,
-      &ProjAgsIsVersion4,     &ProjAgsUnknownVersion, &TranRecordCount,
-      &TranAgsHeadingMissing, &TranAgsUnknownVersion};
+      &RequiredGroupsMissing, &RequiredFieldsMissing, &GroupWithoutHeadings, &GroupWithoutData,
+      &ProjRecordCount,       &ProjAgsHeadingMissing, &ProjAgsIsVersion4,    &ProjAgsUnknownVersion,
+      &TranRecordCount,       &TranAgsHeadingMissing, &TranAgsUnknownVersion};
   return table;
 }
 

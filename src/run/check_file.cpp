@@ -49,8 +49,7 @@ constexpr std::array ChecksAfterVersion{
 };
 
 bool Applies(const CheckStep& step, const CheckedFile& file) {
-  return step.appliesTo == AppliesTo::All ||
-         (step.appliesTo == AppliesTo::Ags4) == file.IsAgs4();
+  return step.appliesTo == AppliesTo::All || (step.appliesTo == AppliesTo::Ags4) == file.IsAgs4();
 }
 
 class FileCheck {
@@ -65,9 +64,8 @@ class FileCheck {
         log_(runLog, settings_.suppressFyi) {}
 
   CheckStatus Run() {
-    Guard("CheckFileFailedFnB", [this] {
-      CheckFileFailedFnB(services_, dictionaries_, runLog_, log_, file_, intake_);
-    });
+    Guard("CheckFileFailedFnB",
+          [this] { CheckFileFailedFnB(services_, dictionaries_, runLog_, log_, file_, intake_); });
     if (!intake_.hasFailed) RunChecks();
     if (!intake_.hasFailed || log_.ClosedCount() > 0) {
       log_.WriteSummary();

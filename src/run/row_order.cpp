@@ -103,9 +103,9 @@ class RowConversion {
         break;
       case RowState::Heading:
         Expect(line, HeadingLabel);
-        file_.Rewrite(number, InsertBehindFirst(ReplaceAll(WithoutLabel(line, HeadingLabel),
-                                                           "\",\"", "\",\"*"),
-                                                "*"));
+        file_.Rewrite(number,
+                      InsertBehindFirst(
+                          ReplaceAll(WithoutLabel(line, HeadingLabel), "\",\"", "\",\"*"), "*"));
         state_ = RowState::Unit;
         break;
       case RowState::Unit:
@@ -153,6 +153,16 @@ bool IsPlainAscii(char character) {
   return code >= 32 && code < 128;
 }
 
+/// Looks at the whole text without stopping at a find, so that the compiler takes many characters
+/// at a time: most lines have nothing to find.
+bool IsAllPlainAscii(std::string_view text) {
+  unsigned char found = 0;
+  for (const char character : text) {
+    found |= static_cast<unsigned char>(!IsPlainAscii(character));
+  }
+  return found == 0;
+}
+
 }  // namespace
 
 bool CheckRowLabels(const FileText& file, MessageLog& log) {
@@ -184,6 +194,7 @@ void CheckLowHighAscii(const FileText& file, MessageLog& log) {
   for (std::int32_t number = 1; number <= file.LineCount() && found < MostCharacterMessages;
        ++number) {
     const std::string_view line = file.Line(number);
+    if (IsAllPlainAscii(line)) continue;
     auto at = std::find_if_not(line.begin(), line.end(), IsPlainAscii);
     for (; at != line.end() && found < MostCharacterMessages;
          at = std::find_if_not(at + 1, line.end(), IsPlainAscii)) {

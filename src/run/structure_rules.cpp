@@ -11,7 +11,9 @@ std::string StructureRules::ReadGroupName(int group, std::int32_t lineNumber,
   return CheckGroupNameLine(file_, group, lineNumber, line);
 }
 
-void StructureRules::GroupOpened(int group) { RecordGroup(file_, group); }
+void StructureRules::GroupOpened(int group) {
+  RecordGroup(file_, group);
+}
 
 std::string StructureRules::ReadHeading(const MessagePlace& place, std::int32_t lineNumber,
                                         std::string heading) {
@@ -25,9 +27,13 @@ void StructureRules::HeadersRead(int group, bool hasData) {
   CheckKeyHeadings(file_, group, hasData);
 }
 
-void StructureRules::GroupEnded(int group) { CheckGroupNotEmpty(file_, group); }
+void StructureRules::GroupEnded(int group) {
+  CheckGroupNotEmpty(file_, group);
+}
 
-void StructureRules::FileEnded() { CheckHeadingPrefixes(file_); }
+void StructureRules::FileEnded() {
+  CheckHeadingPrefixes(file_);
+}
 
 void ParseStructure(CheckedFile& file) {
   StructureRules rules(file);

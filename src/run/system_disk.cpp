@@ -9,9 +9,13 @@
 namespace quorvane {
 namespace {
 
-FileFailure FailureOf(const std::error_code& code) { return {code.value(), code.message()}; }
+FileFailure FailureOf(const std::error_code& code) {
+  return {code.value(), code.message()};
+}
 
-FileFailure LastFailure() { return FailureOf({errno, std::generic_category()}); }
+FileFailure LastFailure() {
+  return FailureOf({errno, std::generic_category()});
+}
 
 /// Closes a file that is only read: a failure to close it changes nothing.
 struct FileCloser {
@@ -29,8 +33,7 @@ OpenFile Open(const std::string& path, const char* mode) {
 }
 
 FileTime ToSystemTime(std::filesystem::file_time_type time) {
-  return std::chrono::time_point_cast<FileTime::duration>(
-      std::chrono::file_clock::to_sys(time));
+  return std::chrono::time_point_cast<FileTime::duration>(std::chrono::file_clock::to_sys(time));
 }
 
 bool WriteAll(std::FILE* file, std::string_view text) {

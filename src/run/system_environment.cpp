@@ -42,8 +42,7 @@ std::string HostName() {
 std::filesystem::path ProgramFile() {
 #if defined(_WIN32)
   std::array<wchar_t, 32768> path{};
-  const DWORD length =
-      GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+  const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
   return std::wstring(path.data(), length);
 #else
   std::error_code failure;
@@ -81,8 +80,7 @@ std::chrono::system_clock::time_point SystemEnvironment::Now() const {
   return std::chrono::system_clock::now();
 }
 
-std::string SystemEnvironment::FormatDateTime(
-    std::chrono::system_clock::time_point moment) const {
+std::string SystemEnvironment::FormatDateTime(std::chrono::system_clock::time_point moment) const {
   const std::time_t time = std::chrono::system_clock::to_time_t(moment);
   const std::tm* local = std::localtime(&time);
   if (local == nullptr) return Unknown;

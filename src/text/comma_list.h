@@ -10,7 +10,8 @@ namespace quorvane {
 /// Takes the text from a 1-based position up to the next delimiter and moves the position behind
 /// that delimiter; the position becomes 0 when the text is used up. The result is a view into the
 /// text. A position of 0 gives an empty text.
-std::string_view TakeToken(std::size_t& position, std::string_view text, std::string_view delimiter);
+std::string_view TakeToken(std::size_t& position, std::string_view text,
+                           std::string_view delimiter);
 
 /// Tells whether an item is one of a comma list's members: whole items, exact letter case. An
 /// empty item is never a member.

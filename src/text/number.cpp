@@ -14,10 +14,13 @@ namespace {
 /// Enough for every double without an exponent: sign, 309 digits, a point and 1074 decimals.
 constexpr std::size_t LongestPlainNumber = 1400;
 
-bool IsSign(char letter) { return letter == '+' || letter == '-'; }
+bool IsSign(char letter) {
+  return letter == '+' || letter == '-';
+}
 
 std::size_t SkipDigits(std::string_view text, std::size_t at) {
-  while (at < text.size() && IsDigit(text[at])) ++at;
+  while (at < text.size() && IsDigit(text[at]))
+    ++at;
   return at;
 }
 
@@ -61,14 +64,40 @@ double ValueOf(std::string_view number) {
   return number.front() == '-' ? -infinite : infinite;
 }
 
-/// Whether a numeric text is short and plain enough that its value can be read off its digits.
-bool IsPlainDecimal(std::string_view number) {
-  return number.size() <= 15 && number.find_first_of("Ee") == std::string_view::npos;
+/// The digits of a number that is short and plain enough for its value to be read off them.
+struct PlainDecimal {
+  bool isPlain = false;
+  bool isNegative = false;
+  std::string_view whole;     // without leading zeros
+  std::string_view fraction;  // without trailing zeros
+};
+
+PlainDecimal ReadPlainDecimal(std::string_view text) {
+  constexpr std::size_t mostExactDigits = 15;
+  PlainDecimal number;
+  if (text.empty() || text.size() > mostExactDigits) return number;
+  number.isNegative = text.front() == '-';
+  if (IsSign(text.front())) text.remove_prefix(1);
+  const std::size_t point = SkipDigits(text, 0);
+  number.whole = text.substr(0, point);
+  if (point < text.size()) {
+    if (text[point] != '.') return number;
+    number.fraction = text.substr(point + 1);
+    if (SkipDigits(number.fraction, 0) != number.fraction.size()) return number;
+  }
+  number.isPlain = !number.whole.empty() || !number.fraction.empty();
+  while (number.whole.starts_with('0'))
+    number.whole.remove_prefix(1);
+  while (number.fraction.ends_with('0'))
+    number.fraction.remove_suffix(1);
+  return number;
 }
 
 }  // namespace
 
-bool IsNumeric(std::string_view text) { return !text.empty() && NumericPrefix(text) == text.size(); }
+bool IsNumeric(std::string_view text) {
+  return !text.empty() && NumericPrefix(text) == text.size();
+}
 
 std::optional<double> NumericValue(std::string_view text) {
   if (!IsNumeric(text)) return std::nullopt;
@@ -99,26 +128,29 @@ std::string PlainNumber(double value) {
   return std::string(buffer.data(), result.ptr);
 }
 
+void AppendCanonicalNumber(std::string& text, std::string_view number) {
+  const PlainDecimal plain = ReadPlainDecimal(number);
+  if (!plain.isPlain) {
+    const std::optional<double> value = NumericValue(number);
+    text.append(value ? PlainNumber(*value) : std::string(number));
+    return;
+  }
+  const bool isZero = plain.whole.empty() && plain.fraction.empty();
+  if (plain.isNegative && !isZero) text += '-';
+  text.append(plain.whole.empty() ? std::string_view("0") : plain.whole);
+  if (!plain.fraction.empty()) text.append(1, '.').append(plain.fraction);
+}
+
 std::string CanonicalNumber(std::string_view text) {
-  if (!IsNumeric(text)) return std::string(text);
-  if (!IsPlainDecimal(text)) return PlainNumber(ValueOf(text));
-  const bool isNegative = text.front() == '-';
-  if (IsSign(text.front())) text.remove_prefix(1);
-  const std::size_t point = std::min(text.find('.'), text.size());
-  std::string_view whole = text.substr(0, point);
-  std::string_view fraction = text.substr(std::min(point + 1, text.size()));
-  while (!whole.empty() && whole.front() == '0') whole.remove_prefix(1);
-  while (!fraction.empty() && fraction.back() == '0') fraction.remove_suffix(1);
-  if (whole.empty() && fraction.empty()) return "0";
-  std::string canonical(isNegative ? "-" : "");
-  canonical.append(whole.empty() ? std::string_view("0") : whole);
-  if (!fraction.empty()) canonical.append(".").append(fraction);
+  std::string canonical;
+  AppendCanonicalNumber(canonical, text);
   return canonical;
 }
 
 std::string GroupedCount(std::uint64_t count) {
   std::string digits = std::to_string(count);
-  for (std::size_t at = digits.size(); at > 3; at -= 3) digits.insert(at - 3, 1, ',');
+  for (std::size_t at = digits.size(); at > 3; at -= 3)
+    digits.insert(at - 3, 1, ',');
   return digits;
 }
 

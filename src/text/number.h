@@ -34,6 +34,9 @@ std::string PlainNumber(double value);
 /// is not numeric is given back as it stands.
 std::string CanonicalNumber(std::string_view text);
 
+/// The same, appended to a text without a text of its own in between.
+void AppendCanonicalNumber(std::string& text, std::string_view number);
+
 /// A count with commas as thousands separators in every locale: 1234567 gives "1,234,567".
 std::string GroupedCount(std::uint64_t count);
 

@@ -37,16 +37,6 @@ std::size_t FindIgnoringCase(std::string_view text, std::string_view needle, std
   return std::string_view::npos;
 }
 
-std::string_view TrimRight(std::string_view text) {
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
-}
-
-std::string_view Trim(std::string_view text) {
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  return TrimRight(text);
-}
-
 std::string Without(std::string_view text, char unwanted) {
   std::string kept;
   kept.reserve(text.size());

@@ -19,7 +19,9 @@ constexpr char ToLower(char letter) {
   return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + ('a' - 'A')) : letter;
 }
 
-constexpr bool IsDigit(char letter) { return letter >= '0' && letter <= '9'; }
+constexpr bool IsDigit(char letter) {
+  return letter >= '0' && letter <= '9';
+}
 
 std::string UpperCase(std::string_view text);
 std::string LowerCase(std::string_view text);
@@ -39,10 +41,18 @@ std::size_t FindIgnoringCase(std::string_view text, std::string_view needle, std
 
 /// The text without the blanks (and only blanks, no tabs) at its right end; the result is a view
 /// into the argument.
-std::string_view TrimRight(std::string_view text);
+constexpr std::string_view TrimRight(std::string_view text) {
+  while (!text.empty() && text.back() == ' ')
+    text.remove_suffix(1);
+  return text;
+}
 
 /// The text without the blanks at both ends; the result is a view into the argument.
-std::string_view Trim(std::string_view text);
+constexpr std::string_view Trim(std::string_view text) {
+  while (!text.empty() && text.front() == ' ')
+    text.remove_prefix(1);
+  return TrimRight(text);
+}
 
 /// The text with every occurrence of a character taken out.
 std::string Without(std::string_view text, char unwanted);

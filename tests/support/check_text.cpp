@@ -100,13 +100,14 @@ bool CheckResult::Has(std::string_view finding) const {
   return std::find(findings.begin(), findings.end(), finding) != findings.end();
 }
 
-bool CheckResult::HasText(std::string_view part) const { return Count(part) > 0; }
+bool CheckResult::HasText(std::string_view part) const {
+  return Count(part) > 0;
+}
 
 int CheckResult::Count(std::string_view part) const {
-  return static_cast<int>(
-      std::count_if(findings.begin(), findings.end(), [part](const std::string& finding) {
-        return finding.find(part) != std::string::npos;
-      }));
+  return static_cast<int>(std::count_if(
+      findings.begin(), findings.end(),
+      [part](const std::string& finding) { return finding.find(part) != std::string::npos; }));
 }
 
 bool CheckResult::HasSection(std::string_view title) const {
@@ -137,7 +138,8 @@ CheckResult CheckTextAgainst(std::string_view schema, std::string_view text,
 
 std::string Lines(std::initializer_list<std::string_view> lines) {
   std::string text;
-  for (const std::string_view line : lines) text.append(line).append("\n");
+  for (const std::string_view line : lines)
+    text.append(line).append("\n");
   return text;
 }
 
@@ -156,7 +158,8 @@ Ags4File& Ags4File::Group(std::string_view name, const std::vector<std::string>&
   Line(LabelledFields("HEADING", headings));
   Line(LabelledFields("UNIT", units));
   Line(LabelledFields("TYPE", types));
-  for (const std::vector<std::string>& row : rows) Line(LabelledFields("DATA", row));
+  for (const std::vector<std::string>& row : rows)
+    Line(LabelledFields("DATA", row));
   return *this;
 }
 
@@ -172,14 +175,16 @@ Ags3File& Ags3File::Group(std::string_view name, const std::vector<std::string>&
   if (lineCount_ > 0) Line("");
   Line("\"**" + std::string(name) + "\"");
   std::vector<std::string> starred;
-  for (const std::string& heading : headings) starred.push_back("*" + heading);
+  for (const std::string& heading : headings)
+    starred.push_back("*" + heading);
   Line(QuotedFields(starred));
   if (!units.empty()) {
     std::vector<std::string> marked = units;
     marked.front() = "<UNITS>";
     Line(QuotedFields(marked));
   }
-  for (const std::vector<std::string>& row : rows) Line(QuotedFields(row));
+  for (const std::vector<std::string>& row : rows)
+    Line(QuotedFields(row));
   return *this;
 }
 
@@ -193,9 +198,7 @@ Ags4File MinimalAgs4() {
              {"X", "DT", "X", "X", "X", "X", "X", "X", "X"},
              {{"1", "2026-01-02", "Maker", "Final", "Test", "4.0.3", "Client", "|", "+"}});
   file.Group("TYPE", {"TYPE_TYPE", "TYPE_DESC"}, {"", ""}, {"X", "X"},
-             {{"ID", "Unique identifier"},
-              {"X", "Text"},
-              {"DT", "Date and time"}});
+             {{"ID", "Unique identifier"}, {"X", "Text"}, {"DT", "Date and time"}});
   file.Group("UNIT", {"UNIT_UNIT", "UNIT_DESC"}, {"", ""}, {"X", "X"},
              {{"yyyy-mm-dd", "Year month day"}});
   return file;
@@ -207,7 +210,8 @@ Ags3File MinimalAgs3() {
              {{"P1", "Test project", "3.1"}});
   file.Group("UNIT", {"UNIT_UNIT", "UNIT_DESC"}, {}, {{"m", "metre"}});
   file.Group("ABBR", {"ABBR_HDNG", "ABBR_CODE", "ABBR_DESC"}, {}, {{"HOLE_TYPE", "CP", "Cable"}});
-  file.Group("HOLE", {"HOLE_ID", "HOLE_TYPE", "HOLE_FDEP"}, {"", "", "m"}, {{"BH1", "CP", "10.00"}});
+  file.Group("HOLE", {"HOLE_ID", "HOLE_TYPE", "HOLE_FDEP"}, {"", "", "m"},
+             {{"BH1", "CP", "10.00"}});
   return file;
 }
 

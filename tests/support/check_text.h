@@ -10,13 +10,13 @@ namespace quorvane::test {
 
 /// What a check of one file gave.
 struct CheckResult {
-  std::string log;                       // the full log text
-  std::vector<std::string> sections;     // section lines of the grouped listing, title only
-  std::vector<std::string> findings;     // of the grouped listing, without the indent; a finding of
-                                         // several lines is one text with CR LF inside
-  std::vector<std::string> boxes;        // "TITLE: TEXT"
+  std::string log;                    // the full log text
+  std::vector<std::string> sections;  // section lines of the grouped listing, title only
+  std::vector<std::string> findings;  // of the grouped listing, without the indent; a finding of
+                                      // several lines is one text with CR LF inside
+  std::vector<std::string> boxes;     // "TITLE: TEXT"
   std::vector<std::string> notes;
-  int status = 0;                        // 0 clean, 1 errors, 2 not done
+  int status = 0;  // 0 clean, 1 errors, 2 not done
 
   bool Has(std::string_view finding) const;       // exactly this finding, label and line included
   bool HasText(std::string_view part) const;      // some finding contains this text

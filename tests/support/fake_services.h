@@ -23,11 +23,11 @@ class MemoryDisk : public Disk {
                                    std::string_view ending) override;
 
   std::map<std::string, std::string> files;
-  std::map<std::string, std::uint64_t> statedSizes;    // instead of the content's size
-  std::map<std::string, FileFailure> obstacles;        // cannot be read: a folder, a device
-  std::map<std::string, FileFailure> readFailures;     // fails while it is read
-  std::map<std::string, FileFailure> writeFailures;    // cannot be written
-  std::optional<std::string> throwsWhenRead;           // a failure that nobody expects
+  std::map<std::string, std::uint64_t> statedSizes;  // instead of the content's size
+  std::map<std::string, FileFailure> obstacles;      // cannot be read: a folder, a device
+  std::map<std::string, FileFailure> readFailures;   // fails while it is read
+  std::map<std::string, FileFailure> writeFailures;  // cannot be written
+  std::optional<std::string> throwsWhenRead;         // a failure that nobody expects
 };
 
 /// An environment in which nothing ever changes.
