@@ -12,6 +12,7 @@
 #include <CLI/CLI.hpp>
 
 #include "console.h"
+#include "dictionary/parent_choice.h"
 #include "report/log_file.h"
 #include "run/check_run.h"
 #include "run/system_disk.h"
@@ -67,6 +68,7 @@ CheckSettings SettingsOf(const Options& options) {
                          Wants(options, "severity")};
   }
   settings.suppressFyi = options.noFyi;
+  settings.showStatistics = options.statistics;
   settings.useCustomDictionary = !options.dictionary.empty();
   settings.customDictionary = options.dictionary;
   return settings;
@@ -76,7 +78,8 @@ int Check(const Options& options) {
   SystemDisk disk;
   SystemEnvironment environment;
   Console console(SettingsOf(options));
-  CheckRun run(Services{disk, environment, console, console, console});
+  UnattendedParentChoice parentChoice(console);
+  CheckRun run(Services{disk, environment, console, console, console, parentChoice});
   int status = static_cast<int>(run.ExecuteChecking());
   if (run.LogText().empty()) return status;
   std::fputs("\n", stdout);
@@ -88,7 +91,6 @@ int Check(const Options& options) {
 
 /// An option that is described but cannot be used in this version; empty when there is none.
 std::string UnavailableOption(const Options& options) {
-  if (options.statistics) return "--statistics";
   if (!options.settingsFile.empty()) return "--settings";
   return {};
 }

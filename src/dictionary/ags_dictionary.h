@@ -19,8 +19,8 @@ struct DictGroup {
   std::string ParentGroup;  // empty for a top-level group
   std::string RelatedGroup;
   std::string SecondRelatedGroup;
-  std::int16_t KeyCount = 0;        // leading headings that form the key
-  std::int16_t ParentKeyCount = 0;  // KeyCount of the parent group; 0 when there is none
+  std::int32_t KeyCount = 0;        // leading headings that form the key
+  std::int32_t ParentKeyCount = 0;  // KeyCount of the parent group; 0 when there is none
   std::vector<std::string> Headings;
   std::vector<std::string> KeyHeadings;
   /// The key headings that hold numbers: 1-based positions separated by "|" ("2|6") or, for a group

@@ -80,7 +80,7 @@ class StreamReader {
                             ").");
     }
     constexpr std::int64_t mostKeys = std::numeric_limits<std::int16_t>::max();
-    group_.KeyCount = static_cast<std::int16_t>(
+    group_.KeyCount = static_cast<std::int32_t>(
         std::clamp<std::int64_t>(WholeNumberValue(fields[1]), 0, mostKeys));
     // A third field, even an empty one, is what tells the AGS 3 layout.
     isAgs3Layout_ = fields.size() >= 3;

@@ -39,7 +39,9 @@ bool FindWellFormedFields(std::string_view line, std::vector<std::string_view>& 
 
 bool LooksContinued(std::string_view line) {
   if (line.starts_with('"')) line.remove_prefix(1);
-  return StartsWithIgnoringCase(line, ContinuationMark);
+  if (!StartsWithIgnoringCase(line, ContinuationMark)) return false;
+  line.remove_prefix(ContinuationMark.size());
+  return line.empty() || line.front() == '"' || line.front() == ',';
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ constexpr std::size_t BoundaryLength = 3;
 
 bool CanBeRegular(std::string_view line) {
   return line.size() >= 2 && line.size() <= LongestRegularLine && line.front() == '"' &&
-         line.back() == '"' && line[1] != ' ';
+         line.back() == '"' && line[1] != ' ' && !line.substr(1).starts_with(",\"");
 }
 
 /// The number of bits set in the lower 16 bits. A plain SSE2 machine has no instruction for it.
@@ -44,6 +44,7 @@ std::size_t ScanRegularFieldsPlainly(std::string_view line, FieldOffset* offsets
       return 0;
     }
     at += BoundaryLength - 1;
+    if (line.substr(at + 1).starts_with(",\"")) return 0;  // a value that is a comma
     offsets[count++] = static_cast<FieldOffset>(at + 1);
   }
   return 0;

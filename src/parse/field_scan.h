@@ -13,8 +13,9 @@ using FieldOffset = std::uint16_t;
 inline constexpr std::size_t LongestRegularLine = 0xFFFF - 2;
 
 /// The fast way into lines as nearly all lines are: every field enclosed in double quotes, single
-/// commas between, no double quote inside a value and no value that begins with a blank. For such
-/// a line the field-by-field reading gives the same values and no finding.
+/// commas between, no double quote inside a value, no value that begins with a blank and none that
+/// is a mere comma. For such a line the field-by-field reading gives the same values and no
+/// finding.
 ///
 /// Writes the offset of each value from the line's start, then the line's length plus 2, so that
 /// value i is [offsets[i], offsets[i + 1] - 3). Returns the number of values, or 0 when the line is

@@ -86,7 +86,8 @@ int GroupTable::FindHeading(std::string_view heading, int group, std::string_vie
   if (group <= 0 || group > GroupCount()) return 0;
   if (!groupName.empty() && groupName != At(group).name) return 0;
   const std::string upperName = UpperCase(heading);
-  return FirstOf(ColumnOf(upperName, group), ColumnOf("?" + upperName, group));
+  const int marked = FirstOf(ColumnOf("?" + upperName, group), ColumnOf(upperName + "?", group));
+  return FirstOf(ColumnOf(upperName, group), marked);
 }
 
 int GroupTable::LocateHeading(int group, std::string_view heading) const {
@@ -99,7 +100,7 @@ std::vector<HeadingPlace> GroupTable::LocateHeading(std::string_view heading) co
   std::vector<HeadingPlace> places;
   if (heading.find('_', 1) == std::string_view::npos) return places;
   const std::string upperName = UpperCase(heading);
-  for (const std::string& stored : {upperName, "?" + upperName}) {
+  for (const std::string& stored : {upperName, "?" + upperName, upperName + "?"}) {
     const auto found = headingsByName_.find(stored);
     if (found == headingsByName_.end()) continue;
     places.insert(places.end(), found->second.begin(), found->second.end());
@@ -116,9 +117,9 @@ std::vector<HeadingPlace> GroupTable::LocateHeading(std::string_view heading) co
 std::string GroupTable::RowKeyText(int group, std::int32_t row,
                                    std::span<const int> columns) const {
   std::string key;
-  for (const int column : columns) {
-    if (column != columns.front()) key += ',';
-    key.append(TrimRight(Value(group, row, column)));
+  for (std::size_t index = 0; index < columns.size(); ++index) {
+    if (index > 0) key += ',';
+    key.append(TrimRight(Value(group, row, columns[index])));
   }
   return key;
 }

@@ -96,8 +96,9 @@ class GroupTable {
   /// The indices of all groups that FindGroup finds, one after the other.
   std::vector<int> GroupIndexList(std::string_view name) const;
 
-  /// The first column of a group whose heading is the name or "?" followed by it, in any letter
-  /// case; 0 when there is none, or when a group name is given and is not the group's.
+  /// The first column of a group whose heading is the name, with or without a "?" before or behind
+  /// it, in any letter case; 0 when there is none, or when a group name is given and is not the
+  /// group's.
   int FindHeading(std::string_view heading, int group, std::string_view groupName = {}) const;
 
   /// The column of a heading in a group; 0 when absent. With group 0, the look-up that searches

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -10,6 +13,9 @@ namespace quorvane {
 /// The names that a group of the file lists (its types, units, codes, file sets), each with a mark
 /// whether anything in the data uses it. Names are compared exactly. A name that is listed twice is
 /// two entries, of which only the first is ever marked.
+///
+/// Looking a name up allocates nothing and does not depend on the length of the list: it happens
+/// for every value of a column.
 class ReferenceList {
  public:
   void Add(std::string_view name) {
@@ -20,13 +26,15 @@ class ReferenceList {
 
   bool IsEmpty() const { return names_.empty(); }
 
-  bool Contains(std::string_view name) const { return first_.contains(std::string(name)); }
+  bool Contains(std::string_view name) const { return first_.contains(name); }
 
   /// Marks the first entry of a name; false when the name is not listed.
   bool MarkUsed(std::string_view name) {
-    const auto found = first_.find(std::string(name));
+    if (lastMarked_ != NoEntry && names_[lastMarked_] == name) return true;
+    const auto found = first_.find(name);
     if (found == first_.end()) return false;
     isUsed_[found->second] = true;
+    lastMarked_ = found->second;
     return true;
   }
 
@@ -40,9 +48,20 @@ class ReferenceList {
   }
 
  private:
+  /// Lets a view be looked up without a string being made of it.
+  struct Hash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view name) const {
+      return std::hash<std::string_view>{}(name);
+    }
+  };
+
+  static constexpr std::size_t NoEntry = std::numeric_limits<std::size_t>::max();
+
   std::vector<std::string> names_;
   std::vector<bool> isUsed_;
-  std::unordered_map<std::string, std::size_t> first_;
+  std::unordered_map<std::string, std::size_t, Hash, std::equal_to<>> first_;
+  std::size_t lastMarked_ = NoEntry;  // the rows of a column mostly repeat the value before
 };
 
 }  // namespace quorvane

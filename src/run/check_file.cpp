@@ -2,13 +2,21 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string>
 
+#include "dictionary/custom_groups.h"
 #include "report/message_log.h"
 #include "report/routine_guard.h"
+#include "rules/abbreviations.h"
+#include "rules/contaminant_codes.h"
+#include "rules/dict_group.h"
+#include "rules/file_sets.h"
 #include "rules/keys.h"
 #include "rules/names.h"
 #include "rules/required_content.h"
+#include "rules/types.h"
+#include "rules/units.h"
 #include "run/row_order.h"
 #include "run/structure_rules.h"
 #include "text/text.h"
@@ -28,9 +36,13 @@ struct CheckStep {
   void (*run)(CheckedFile&);
 };
 
+/// The checks that need no more than the dictionary of the file's version.
+constexpr std::array ChecksBeforeCustomGroups{
+    CheckStep{"CheckRequiredGroups", AppliesTo::All, CheckRequiredGroups},
+};
+
 /// The checks up to the file's version line, in their order.
 constexpr std::array ChecksBeforeVersion{
-    CheckStep{"CheckRequiredGroups", AppliesTo::All, CheckRequiredGroups},
     CheckStep{"CheckLowHighAscii", AppliesTo::Ags3,
               [](CheckedFile& file) { CheckLowHighAscii(file.text, file.log); }},
     CheckStep{"CheckLineLengths", AppliesTo::Ags3,
@@ -42,10 +54,16 @@ constexpr std::array ChecksBeforeVersion{
     CheckStep{"CheckTranGroup", AppliesTo::Ags4, CheckTranGroup},
 };
 
-/// The checks behind it. Parent keys come before repeated keys.
+/// The checks behind it.
 constexpr std::array ChecksAfterVersion{
     CheckStep{"CheckParentKeys", AppliesTo::All, CheckParentKeys},
     CheckStep{"CheckDuplicateKeys", AppliesTo::All, CheckDuplicateKeys},
+    CheckStep{"CheckDictGroup", AppliesTo::All, CheckDictGroup},
+    CheckStep{"CheckAbbrGroup", AppliesTo::All, CheckAbbrGroup},
+    CheckStep{"CheckFileSets", AppliesTo::All, CheckFileSets},
+    CheckStep{"CheckUnitGroup", AppliesTo::All, CheckUnitGroup},
+    CheckStep{"CheckContaminantCodes", AppliesTo::Ags3, CheckContaminantCodes},
+    CheckStep{"CheckTypeGroup", AppliesTo::All, CheckTypeGroup},
 };
 
 bool Applies(const CheckStep& step, const CheckedFile& file) {
@@ -55,10 +73,11 @@ bool Applies(const CheckStep& step, const CheckedFile& file) {
 class FileCheck {
  public:
   FileCheck(const Services& services, DictionaryStore& dictionaries, RunLog& runLog,
-            const FileToCheck& file)
+            StatisticsState& statistics, const FileToCheck& file)
       : services_(services),
         dictionaries_(dictionaries),
         runLog_(runLog),
+        statistics_(statistics),
         file_(file),
         settings_(services.window.Settings()),
         log_(runLog, settings_.suppressFyi) {}
@@ -66,20 +85,19 @@ class FileCheck {
   CheckStatus Run() {
     Guard("CheckFileFailedFnB",
           [this] { CheckFileFailedFnB(services_, dictionaries_, runLog_, log_, file_, intake_); });
-    if (!intake_.hasFailed) RunChecks();
+    if (intake_.version) PrepareFile();
+    if (!intake_.hasFailed) RunChecks(*checked_);
     if (!intake_.hasFailed || log_.ClosedCount() > 0) {
       log_.WriteSummary();
       log_.ListFileMessages(settings_.listings);
     }
-    WriteDifferences("Data types in custom dictionary that did not match types in file:",
-                     typeDifferences_);
-    WriteDifferences("Units in custom dictionary that did not match units in file:",
-                     unitDifferences_);
+    if (checked_) WriteDifferences(*checked_);
     if (intake_.hasFailed) {
       runLog_.AppendProgress("Could not continue with further checking.");
       services_.messages.Note(file_.path + ": " + intake_.reason);
     }
     runLog_.AppendProgress(ClosingLine);
+    if (settings_.showStatistics && checked_) WriteStatistics(*checked_);
     return Status();
   }
 
@@ -97,22 +115,33 @@ class FileCheck {
     }
   }
 
-  void RunChecks() {
+  /// A file that cannot be checked further keeps its dictionary and an empty group table.
+  void PrepareFile() {
     const DetectedVersion& version = *intake_.version;
     const DictionaryChoice choice = ChooseDictionary(version, settings_);
-    CheckedFile file(intake_.text, version.format, dictionaries_.Get(choice), log_);
-    file.versionText = file.IsAgs4() ? "4" : "3";
-    file.isDictionaryNamed = !Trim(choice.customSchema).empty();
+    checked_.emplace(intake_.text, version.format, dictionaries_.Get(choice), log_);
+    checked_->versionText = checked_->IsAgs4() ? "4" : "3";
+    checked_->isDictionaryNamed = !Trim(choice.customSchema).empty();
+  }
 
+  void RunChecks(CheckedFile& file) {
+    RunSteps(ChecksBeforeCustomGroups, file);
+    Guard("BuildCustomGroupProps", [&] {
+      BuildCustomGroupProps({file.text, file.format, file_.path, file.dictionary,
+                             file.addedHeadings, file.log, services_.parentChoice});
+    });
     RunSteps(ChecksBeforeVersion, file);
     if (file.delimiter.empty()) file.delimiter = "|";
     if (file.concatenator.empty()) file.concatenator = "+";
     runLog_.AppendProgress("File AGS Version: " + file.versionText + std::string(LineBreak));
     NoteOtherEdition(file);
     RunSteps(ChecksAfterVersion, file);
+  }
 
-    typeDifferences_ = std::move(file.TypeDifferences);
-    unitDifferences_ = std::move(file.UnitDifferences);
+  void WriteStatistics(const CheckedFile& file) {
+    Guard("WriteDataStatistics", [&] {
+      WriteDataStatistics(runLog_, file.table, file.dictionary, file.format, statistics_);
+    });
   }
 
   /// An AGS 4 file is checked against the schema of the run, whatever edition it names: whoever
@@ -124,6 +153,13 @@ class FileCheck {
     services_.messages.Note(file_.path + ": TRAN_AGS is \"" + std::string(stated) +
                             "\", the file was checked against the schema of edition " +
                             std::string(edition));
+  }
+
+  void WriteDifferences(const CheckedFile& file) {
+    WriteDifferences("Data types in custom dictionary that did not match types in file:",
+                     file.TypeDifferences);
+    WriteDifferences("Units in custom dictionary that did not match units in file:",
+                     file.UnitDifferences);
   }
 
   void WriteDifferences(std::string_view title, const std::string& differences) {
@@ -141,22 +177,22 @@ class FileCheck {
   const Services& services_;
   DictionaryStore& dictionaries_;
   RunLog& runLog_;
+  StatisticsState& statistics_;
   const FileToCheck& file_;
   CheckSettings settings_;
   MessageLog log_;
   FileIntake intake_;
+  std::optional<CheckedFile> checked_;  // when the version was decided
   bool hasFailedRoutine_ = false;
-  std::string typeDifferences_;
-  std::string unitDifferences_;
 };
 
 }  // namespace
 
 CheckStatus CheckAGSFile(const Services& services, DictionaryStore& dictionaries, RunLog& runLog,
-                         const FileToCheck& file) {
+                         StatisticsState& statistics, const FileToCheck& file) {
   CheckStatus status = CheckStatus::HasErrors;
   GuardRoutine<DictionaryError>(services.messages, "CheckAGSFile", [&] {
-    status = FileCheck(services, dictionaries, runLog, file).Run();
+    status = FileCheck(services, dictionaries, runLog, statistics, file).Run();
   });
   return status;
 }

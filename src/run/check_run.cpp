@@ -44,9 +44,6 @@ CheckStatus CheckRun::ExecuteChecking() {
     return CheckStatus::NotDone;
   }
 
-  services_.window.BeginRun();
-  services_.progressBox.Clear();
-  services_.progressBox.ProcessPendingMessages();
   log_ = std::make_unique<RunLog>(services_.progressBox);
   CheckStatus status = CheckStatus::HasErrors;
   GuardRoutine<NoException>(services_.messages, "ExecuteChecking",
@@ -58,6 +55,9 @@ CheckStatus CheckRun::ExecuteChecking() {
 }
 
 CheckStatus CheckRun::CheckFiles(const CheckSettings& settings) {
+  services_.window.BeginRun();
+  services_.progressBox.Clear();
+  services_.progressBox.ProcessPendingMessages();
   const std::vector<std::string_view> paths = Split(settings.filesToCheck, LineBreak);
   WriteRunHeader(settings, paths.size());
   DictionaryStore dictionaries(services_.disk, services_.environment.ProgramFolder());
@@ -67,7 +67,7 @@ CheckStatus CheckRun::CheckFiles(const CheckSettings& settings) {
       const FileToCheck file{std::string(paths[index]), static_cast<int>(index + 1),
                              static_cast<int>(paths.size())};
       services_.window.BeginFile(file.path, file.number, file.count);
-      status = std::max(status, CheckAGSFile(services_, dictionaries, *log_, file));
+      status = std::max(status, CheckAGSFile(services_, dictionaries, *log_, statistics_, file));
     }
   } catch (const DictionaryError& failure) {
     // Without its dictionary a file cannot be checked, and neither can those behind it.

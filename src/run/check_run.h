@@ -6,6 +6,7 @@
 #include "report/run_log.h"
 #include "run/check_file.h"
 #include "run/services.h"
+#include "statistics/data_statistics.h"
 
 namespace quorvane {
 
@@ -29,6 +30,7 @@ class CheckRun {
 
   Services services_;
   std::unique_ptr<RunLog> log_;
+  StatisticsState statistics_;  // not reset between runs
 };
 
 /// The list of files in its normal form: lines trimmed, empty ones dropped, CR LF between.

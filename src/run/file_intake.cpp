@@ -111,7 +111,7 @@ void CheckFileFailedFnB(const Services& services, DictionaryStore& dictionaries,
   if (format == AgsFormat::Ags4 && !isFatal) isFatal = ConvertAgs4Rows(intake.text, log);
   log.CloseCheckSection("File Name Check");
   intake.hasFailed = isFatal;
-  if (isFatal) intake.reason = "row labels or their order are wrong";
+  intake.reason = isFatal ? "row labels or their order are wrong" : "";
 }
 
 }  // namespace quorvane

@@ -24,7 +24,7 @@ struct FileIntake {
   std::optional<DetectedVersion> version;  // nothing when it was not decided
   std::string schemaPath;                  // of the file's dictionary; empty for the AGS 3 one
   bool hasFailed = true;
-  std::string reason;  // why the file cannot be checked
+  std::string reason = "unexpected failure";  // why the file cannot be checked
 };
 
 /// Reads a file, decides its version, checks its row labels, loads its dictionary into the store,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dictionary/parent_choice.h"
 #include "report/disk.h"
 #include "report/user_interface.h"
 #include "run/check_window.h"
@@ -14,6 +15,7 @@ struct Services {
   UserMessages& messages;
   ProgressBox& progressBox;
   CheckWindow& window;
+  ParentChoice& parentChoice;
 };
 
 }  // namespace quorvane

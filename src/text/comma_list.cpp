@@ -25,7 +25,7 @@ std::string_view TakeToken(std::size_t& position, std::string_view text,
 }
 
 bool ListContains(std::string_view list, std::string_view item) {
-  if (item.empty()) return false;
+  if (item.empty() || item.find(',') != std::string_view::npos) return false;
   for (std::size_t found = list.find(item); found != std::string_view::npos;
        found = list.find(item, found + 1)) {
     const std::size_t end = found + item.size();

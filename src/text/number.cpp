@@ -45,12 +45,20 @@ std::size_t NumericPrefix(std::string_view text) {
   return at;
 }
 
-/// Whether a number outside a double's range lies near 0: by the sign of its exponent, or, without
-/// one, because nothing but zeros stands before its point.
+/// Whether a number that is not 0 and outside a double's range lies near 0: by the power of ten of
+/// its first digit that counts.
 bool IsTiny(std::string_view number) {
-  const std::size_t exponent = number.find_first_of("Ee");
-  if (exponent != std::string_view::npos) return number.substr(exponent + 1).starts_with('-');
-  return number.substr(0, number.find('.')).find_first_of("123456789") == std::string_view::npos;
+  const std::size_t mantissaEnd = std::min(number.find_first_of("Ee"), number.size());
+  const std::string_view mantissa = number.substr(0, mantissaEnd);
+  const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+  const std::size_t first = mantissa.find_first_of("123456789");
+  const auto power = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first);
+  std::string_view exponent = number.substr(std::min(mantissaEnd + 1, number.size()));
+  if (exponent.starts_with('-')) {
+    // An exponent of very many digits outweighs any mantissa.
+    return exponent.size() > 12 || power < WholeNumberValue(exponent.substr(1));
+  }
+  return exponent.size() <= 12 && power + WholeNumberValue(exponent) <= 0;
 }
 
 /// The value of a text that is known to be numeric.

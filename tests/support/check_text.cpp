@@ -31,7 +31,7 @@ void AddSchemas(MemoryDisk& disk) {
 }
 
 bool IsSectionLine(std::string_view line) {
-  const std::size_t count = line.find("   ");
+  const std::size_t count = line.rfind("   ");
   return count != std::string_view::npos && !line.starts_with(' ') &&
          line.find("error", count) != std::string_view::npos;
 }
@@ -53,7 +53,7 @@ void ReadListing(CheckResult& result) {
                line.find(" in custom dictionary that did not match") != std::string_view::npos) {
       isInListing = false;
     } else if (isInListing && IsSectionLine(line)) {
-      result.sections.emplace_back(line.substr(0, line.find("   ")));
+      result.sections.emplace_back(line.substr(0, line.rfind("   ")));
     } else if (isInListing && IsFindingStart(line)) {
       result.findings.emplace_back(line.substr(2));
       result.sectionOf.push_back(result.sections.size() - 1);
@@ -63,10 +63,14 @@ void ReadListing(CheckResult& result) {
   }
 }
 
-CheckResult Run(FakeServices& services, std::string_view text, CheckSettings settings,
-                const std::string& path) {
-  services.disk.files[path] = ReplaceAll(text, "\n", LineBreak);
-  settings.filesToCheck = path;
+CheckResult Run(FakeServices& services, const std::vector<NamedFile>& files,
+                CheckSettings settings) {
+  std::vector<std::string> names;
+  for (const NamedFile& file : files) {
+    services.disk.files[file.name] = file.content;
+    names.push_back(file.name);
+  }
+  settings.filesToCheck = Join(names, LineBreak);
   services.window.settings = std::move(settings);
   AddSchemas(services.disk);
   CheckRun run(services.All());
@@ -77,6 +81,10 @@ CheckResult Run(FakeServices& services, std::string_view text, CheckSettings set
   result.notes = services.messages.notes;
   ReadListing(result);
   return result;
+}
+
+NamedFile WithCrLf(const std::string& name, std::string_view text) {
+  return {name, ReplaceAll(text, "\n", LineBreak)};
 }
 
 std::string QuotedFields(const std::vector<std::string>& values) {
@@ -124,7 +132,12 @@ std::vector<std::string> CheckResult::FindingsOf(std::string_view sectionTitle) 
 
 CheckResult CheckText(std::string_view text, CheckSettings settings, const std::string& path) {
   FakeServices services;
-  return Run(services, text, std::move(settings), path);
+  return Run(services, {WithCrLf(path, text)}, std::move(settings));
+}
+
+CheckResult CheckFiles(const std::vector<NamedFile>& files, CheckSettings settings) {
+  FakeServices services;
+  return Run(services, files, std::move(settings));
 }
 
 CheckResult CheckTextAgainst(std::string_view schema, std::string_view text,
@@ -133,7 +146,7 @@ CheckResult CheckTextAgainst(std::string_view schema, std::string_view text,
   services.disk.files["custom.gas"] = ReplaceAll(schema, "\n", LineBreak);
   settings.useCustomDictionary = true;
   settings.customDictionary = "custom.gas";
-  return Run(services, text, std::move(settings), "test.ags");
+  return Run(services, {WithCrLf("test.ags", text)}, std::move(settings));
 }
 
 std::string Lines(std::initializer_list<std::string_view> lines) {

@@ -32,6 +32,15 @@ struct CheckResult {
 CheckResult CheckText(std::string_view text, CheckSettings settings = {},
                       const std::string& path = "test.ags");
 
+/// A file of a run, with its bytes as they are.
+struct NamedFile {
+  std::string name;
+  std::string content;
+};
+
+/// Runs the whole check on some files in memory.
+CheckResult CheckFiles(const std::vector<NamedFile>& files, CheckSettings settings = {});
+
 /// The same with a schema file in memory as custom dictionary.
 CheckResult CheckTextAgainst(std::string_view schema, std::string_view text,
                              CheckSettings settings = {});

@@ -50,4 +50,22 @@ void RecordingWindow::BeginFile(std::string_view path, int number, int count) {
                    std::to_string(count));
 }
 
+std::string RecordingParentChoice::ShowDialog(const ParentLists& lists) {
+  Question question{lists.file,
+                    lists.group,
+                    lists.label,
+                    {},
+                    lists.ShowsSecondList(),
+                    ParentGroup(lists, Preselection(lists))};
+  for (std::size_t list = 0; list < lists.lists.size(); ++list) {
+    for (std::size_t entry = 0; entry < lists.lists[list].Count(); ++entry) {
+      question.lists[list].push_back(lists.lists[list].At(entry).group);
+    }
+  }
+  questions.push_back(std::move(question));
+  if (throwsForGroup == lists.group) throw std::runtime_error("the user pulled the plug");
+  const auto answer = answers.find(lists.group);
+  return answer != answers.end() ? answer->second : unattended_.ShowDialog(lists);
+}
+
 }  // namespace quorvane::test

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <array>
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "dictionary/parent_choice.h"
 #include "report/disk.h"
 #include "report/user_interface.h"
 #include "run/check_window.h"
@@ -78,6 +80,36 @@ class RecordingWindow : public CheckWindow {
   std::vector<std::string> events;
 };
 
+/// A dialog for missing parent groups: questions are written down and answered from a script, or
+/// as an unattended run does where the script has no answer.
+class RecordingParentChoice : public ParentChoice {
+ public:
+  /// A question as the dialog would show it.
+  struct Question {
+    std::string file;
+    std::string group;
+    std::string label;
+    std::array<std::vector<std::string>, 2> lists;  // group names
+    bool showsSecondList = false;
+    std::string preselected;
+  };
+
+  /// The messages must outlive the object.
+  explicit RecordingParentChoice(UserMessages& messages) : unattended_(messages) {}
+
+  RecordingParentChoice(const RecordingParentChoice&) = delete;
+  RecordingParentChoice& operator=(const RecordingParentChoice&) = delete;
+
+  std::string ShowDialog(const ParentLists& lists) override;
+
+  std::vector<Question> questions;
+  std::map<std::string, std::string> answers;  // by group
+  std::optional<std::string> throwsForGroup;   // a failure that nobody expects
+
+ private:
+  UnattendedParentChoice unattended_;
+};
+
 /// All of them together.
 struct FakeServices {
   MemoryDisk disk;
@@ -85,8 +117,9 @@ struct FakeServices {
   RecordingMessages messages;
   RecordingProgressBox progressBox;
   RecordingWindow window;
+  RecordingParentChoice parentChoice{messages};
 
-  Services All() { return {disk, environment, messages, progressBox, window}; }
+  Services All() { return {disk, environment, messages, progressBox, window, parentChoice}; }
 };
 
 }  // namespace quorvane::test

@@ -19,4 +19,19 @@ struct Provocation {
   std::function<CheckResult()> check;  // runs the input
 };
 
+using Provocations = std::vector<Provocation>;
+
+// One list per rule family, each in a file of its own.
+Provocations IntakeProvocations();
+Provocations ParseProvocations();
+Provocations NameProvocations();
+Provocations RequiredContentProvocations();
+Provocations KeyProvocations();
+Provocations DictGroupProvocations();
+Provocations AbbreviationProvocations();
+Provocations FileSetProvocations();
+Provocations UnitProvocations();
+Provocations ContaminantCodeProvocations();
+Provocations TypeProvocations();
+
 }  // namespace quorvane::test

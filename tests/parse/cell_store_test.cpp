@@ -1,0 +1,202 @@
+#include "parse/cell_store.h"
+
+#include <array>
+#include <type_traits>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "parse/file_text.h"
+#include "support/random_text.h"
+
+namespace quorvane::test {
+namespace {
+
+using ::testing::ElementsAre;
+
+static_assert(!std::is_copy_constructible_v<CellStore> && !std::is_copy_assignable_v<CellStore>);
+
+constexpr std::size_t NoLimit = 1000000;
+
+FileText FileOf(std::string_view bytes) {
+  return FileText(ByteBuffer(bytes));
+}
+
+std::vector<std::string> ValuesOf(const CellStore& store, std::uint32_t row) {
+  std::vector<std::string> values;
+  for (std::size_t column = 1; column <= store.CellCount(row); ++column) {
+    values.emplace_back(store.Value(row, column));
+  }
+  return values;
+}
+
+TEST(CellStore, KeepsTheValuesOfRegularLines) {
+  const FileText file = FileOf("\"BH1\",\"1.00\",\"\"\n\"\"\n\"BH2\"");
+  CellStore store(file.Whole());
+  EXPECT_EQ(store.AddRegularRow(11, file.Line(1), NoLimit), 3U);
+  EXPECT_EQ(store.AddRegularRow(12, file.Line(2), NoLimit), 1U);
+  EXPECT_EQ(store.AddRegularRow(13, file.Line(3), NoLimit), 1U);
+  EXPECT_EQ(store.RowCount(), 3U);
+  EXPECT_THAT(ValuesOf(store, 0), ElementsAre("BH1", "1.00", ""));
+  EXPECT_THAT(ValuesOf(store, 1), ElementsAre(""));
+  EXPECT_THAT(ValuesOf(store, 2), ElementsAre("BH2"));
+  EXPECT_EQ(store.LineNumber(0), 11);
+  EXPECT_EQ(store.LineNumber(2), 13);
+}
+
+TEST(CellStore, ValuesOfRegularLinesAreViewsIntoTheFile) {
+  const FileText file = FileOf("\"BH1\",\"1.00\"");
+  CellStore store(file.Whole());
+  store.AddRegularRow(1, file.Line(1), NoLimit);
+  EXPECT_EQ(store.Value(0, 2).data(), file.Whole().data() + 7);
+  EXPECT_TRUE(store.LiesInFile(store.Value(0, 2)));
+}
+
+TEST(CellStore, KeepsAsManyCellsAsAreWanted) {
+  const FileText file = FileOf("\"a\",\"b\",\"c\",\"d\"\n\"e\"");
+  CellStore store(file.Whole());
+  EXPECT_EQ(store.AddRegularRow(1, file.Line(1), 2), 4U);
+  EXPECT_EQ(store.AddRegularRow(2, file.Line(2), 2), 1U);
+  EXPECT_THAT(ValuesOf(store, 0), ElementsAre("a", "b"));
+  EXPECT_EQ(store.Value(0, 3), "");
+  EXPECT_THAT(ValuesOf(store, 1), ElementsAre("e"));
+  EXPECT_EQ(store.Value(1, 2), "");
+}
+
+TEST(CellStore, AddsNothingForALineOfAnotherForm) {
+  const FileText file = FileOf("\"a\",b\n\"c\",\"d\"");
+  CellStore store(file.Whole());
+  EXPECT_EQ(store.AddRegularRow(1, file.Line(1), NoLimit), 0U);
+  EXPECT_EQ(store.RowCount(), 0U);
+  EXPECT_EQ(store.AddRegularRow(2, file.Line(2), NoLimit), 2U);
+  EXPECT_THAT(ValuesOf(store, 0), ElementsAre("c", "d"));
+}
+
+TEST(CellStore, TakesAnyValuesInsideAndOutsideTheFile) {
+  const FileText file = FileOf("a, b");
+  CellStore store(file.Whole());
+  {
+    const std::string outside = "a text from elsewhere";
+    store.AddRow(5, {file.Line(1).substr(3), outside, "", {}});
+  }
+  EXPECT_THAT(ValuesOf(store, 0), ElementsAre("b", "a text from elsewhere", "", ""));
+  EXPECT_EQ(store.Value(0, 1).data(), file.Whole().data() + 3);
+  EXPECT_FALSE(store.LiesInFile(store.Value(0, 2)));
+  EXPECT_EQ(store.Value(0, 5), "");
+  EXPECT_EQ(store.LineNumber(0), 5);
+}
+
+TEST(CellStore, ARowMayBeEmpty) {
+  const FileText file = FileOf("a");
+  CellStore store(file.Whole());
+  store.AddRow(5, {});
+  EXPECT_EQ(store.CellCount(0), 0U);
+  EXPECT_EQ(store.Value(0, 1), "");
+}
+
+TEST(CellStore, TakesTheLastRowAway) {
+  const FileText file = FileOf("\"a\",\"b\"\n\"c\"");
+  CellStore store(file.Whole());
+  store.AddRegularRow(1, file.Line(1), NoLimit);
+  store.AddRegularRow(2, file.Line(2), NoLimit);
+  store.RemoveLastRow();
+  store.AddRow(2, {"x", "y"});
+  store.RemoveLastRow();
+  store.AddRow(3, {"z"});
+  EXPECT_EQ(store.RowCount(), 2U);
+  EXPECT_THAT(ValuesOf(store, 0), ElementsAre("a", "b"));
+  EXPECT_THAT(ValuesOf(store, 1), ElementsAre("z"));
+}
+
+TEST(CellStore, CopiedValuesOfARowTakenAwayStayReadable) {
+  const FileText file = FileOf("a");
+  CellStore store(file.Whole());
+  store.AddRow(1, {"outside"});
+  const std::string_view value = store.Value(0, 1);
+  store.RemoveLastRow();
+  EXPECT_EQ(value, "outside");
+}
+
+TEST(CellStore, KnowsWhatLiesInTheFile) {
+  const FileText file = FileOf("abc");
+  const CellStore store(file.Whole());
+  EXPECT_TRUE(store.LiesInFile(file.Line(1)));
+  EXPECT_TRUE(store.LiesInFile(file.Line(1).substr(2)));
+  EXPECT_FALSE(store.LiesInFile(file.Line(1).substr(3)));
+  EXPECT_FALSE(store.LiesInFile(""));
+  EXPECT_FALSE(store.LiesInFile({}));
+  const std::string elsewhere = "abc";
+  EXPECT_FALSE(store.LiesInFile(elsewhere));
+}
+
+TEST(CellStore, KeepsItsRowsWhenItMoves) {
+  const FileText file = FileOf("\"a\",\"b\"");
+  CellStore store(file.Whole());
+  store.AddRegularRow(1, file.Line(1), NoLimit);
+  store.AddRow(2, {"outside, and longer than a short text"});
+  const CellStore moved = std::move(store);
+  EXPECT_THAT(ValuesOf(moved, 0), ElementsAre("a", "b"));
+  EXPECT_THAT(ValuesOf(moved, 1), ElementsAre("outside, and longer than a short text"));
+}
+
+TEST(CellStore, KeepsTheLongestRegularLineAndNoLongerOne) {
+  const std::string longest = "\"" + std::string(LongestRegularLine - 6, 'x') + "\",\"\"";
+  const std::string longer = "\"" + std::string(LongestRegularLine - 5, 'x') + "\",\"\"";
+  ASSERT_EQ(longest.size(), LongestRegularLine - 1);
+  const FileText file = FileOf(longest + "x\"\n" + longest + "\n" + longer + "\n" + longer + "\"");
+  CellStore store(file.Whole());
+  EXPECT_EQ(store.AddRegularRow(2, file.Line(2), NoLimit), 2U);
+  EXPECT_EQ(store.AddRegularRow(3, file.Line(3), NoLimit), 2U);
+  EXPECT_EQ(store.AddRegularRow(4, file.Line(4), NoLimit), 0U);
+  EXPECT_EQ(store.Value(0, 1).size(), LongestRegularLine - 6);
+  EXPECT_EQ(store.Value(1, 1).size(), LongestRegularLine - 5);
+  EXPECT_EQ(store.Value(1, 2), "");
+}
+
+/// A row as it was given to the store.
+struct GivenRow {
+  std::int32_t line;
+  std::vector<std::string> values;
+};
+
+void ExpectRows(const CellStore& store, const std::vector<GivenRow>& given) {
+  ASSERT_EQ(store.RowCount(), given.size());
+  for (std::uint32_t row = 0; row < store.RowCount(); ++row) {
+    ASSERT_EQ(ValuesOf(store, row), given[row].values) << "row " << row;
+    ASSERT_EQ(store.LineNumber(row), given[row].line) << "row " << row;
+  }
+}
+
+TEST(CellStore, KeepsManyRowsOfAllSizes) {
+  // More offsets than a chunk of the store holds, so that rows come to lie around its borders.
+  constexpr std::array<std::string_view, 4> values{"", "a", "10.00", "some text"};
+  RandomText random(111);
+  std::string text;
+  std::vector<GivenRow> given;
+  for (std::int32_t line = 1; line <= 60000; ++line) {
+    std::vector<std::string> row;
+    for (std::size_t field = 1 + random.Below(random.OneIn(500) ? 3000 : 30); field > 0; --field) {
+      row.emplace_back(random.Pick(values));
+      text += (row.size() == 1 ? "\"" : ",\"") + row.back() + "\"";
+    }
+    text += "\n";
+    given.push_back({line, row});
+  }
+  const FileText file = FileOf(text);
+  CellStore store(file.Whole());
+  for (GivenRow& row : given) {
+    if (random.OneIn(20)) {
+      store.AddRow(row.line, {row.values.begin(), row.values.end()});
+      continue;
+    }
+    ASSERT_EQ(store.AddRegularRow(row.line, file.Line(row.line), NoLimit), row.values.size());
+    if (!random.OneIn(50)) continue;
+    store.RemoveLastRow();
+    row.values.emplace_back("more");
+    store.AddRow(row.line, {row.values.begin(), row.values.end()});
+  }
+  ExpectRows(store, given);
+}
+
+}  // namespace
+}  // namespace quorvane::test
