@@ -43,6 +43,7 @@ void Describe(CLI::App& app, Options& options) {
   app.add_option("--list", options.listings,
                  "Listings wanted: groups, lines, severity (separated by commas; default groups)")
       ->delimiter(',')
+      ->allow_extra_args(false)
       ->check(CLI::IsMember({"groups", "lines", "severity"}))
       ->type_name("LISTING,...");
   app.add_flag("--no-fyi", options.noFyi, "Suppress FYI (for your information only) messages");

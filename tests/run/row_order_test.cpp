@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "run/message_log_fixture.h"
+#include "support/check_text.h"
 
 namespace quorvane::test {
 namespace {
@@ -86,7 +87,7 @@ TEST(RowLabels, OrderIsToldByTheLabelBefore) {
   for (const std::string& before : starts) {
     for (const std::string& label : labels) {
       const std::string problem = "Row label '" + label + "' out of order, line 2 (Rule 2b)";
-      const LabelCheck check = CheckLabels(before + "\n" + label);
+      const LabelCheck check = CheckLabels(Lines({before, label}));
       const bool isInOrder =
           std::find(allowed.begin(), allowed.end(), std::pair(before, label)) != allowed.end();
       const bool isReported =

@@ -4,8 +4,10 @@
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
+#include <locale>
 #include <map>
 #include <optional>
+#include <stdexcept>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -114,13 +116,21 @@ TEST_F(SystemEnvironmentTest, ALocaleThatTheSystemDoesNotKnowIsThePlainOne) {
   EXPECT_EQ(FormattedMoment(environment_), "01/02/26 03:04:05");
 }
 
+/// Whether the system knows a locale; one that it does not know is as good as none.
+bool IsInstalled(const char* name) {
+  try {
+    return !std::locale(name).name().empty();
+  } catch (const std::runtime_error&) {
+    return false;
+  }
+}
+
 TEST_F(SystemEnvironmentTest, DateStandsInTheUsersLocale) {
   Set("LC_ALL", "en_GB.UTF-8");
   Set("TZ", "UTC0");
   tzset();
-  const std::string text = FormattedMoment(environment_);
-  if (text == "01/02/26 03:04:05") GTEST_SKIP() << "the British locale is not installed here";
-  EXPECT_EQ(text, "02/01/26 03:04:05");
+  EXPECT_EQ(FormattedMoment(environment_),
+            IsInstalled("en_GB.UTF-8") ? "02/01/26 03:04:05" : "01/02/26 03:04:05");
 }
 #endif
 

@@ -137,12 +137,14 @@ TEST(VersionDetection, Edition404DoesNotMakeAnAgs3FileAnother) {
 
 // The text is searched block by block: it must be found wherever it lies, and at the very end.
 TEST(VersionDetection, Edition404IsFoundAtEveryDistance) {
+  const std::string form = Ags4Lines + "\"TRAN_AGS\"\r\n@\"4.0.4\"";
   for (std::size_t distance = 4050; distance <= 4130; ++distance) {
     const std::string filler(distance, '4');
-    const std::string start = Ags4Lines + "\"TRAN_AGS\"\r\n" + filler;
-    EXPECT_EQ(VersionOf(start + "\"4.0.4\""), "4.0.4") << distance;
-    EXPECT_EQ(VersionOf(start + "\"4.0.4\"" + filler), "4.0.4") << distance;
-    EXPECT_EQ(VersionOf(start + "\"4.0.4"), "4") << distance;
+    EXPECT_EQ(VersionOf(ReplaceAll(form, "@", filler)), "4.0.4") << distance;
+    EXPECT_EQ(VersionOf(ReplaceAll(form, "@", filler) + filler), "4.0.4") << distance;
+    std::string cut = ReplaceAll(form, "@", filler);
+    cut.pop_back();
+    EXPECT_EQ(VersionOf(cut), "4") << distance;
   }
 }
 

@@ -140,13 +140,19 @@ CheckResult CheckFiles(const std::vector<NamedFile>& files, CheckSettings settin
   return Run(services, files, std::move(settings));
 }
 
-CheckResult CheckTextAgainst(std::string_view schema, std::string_view text,
-                             CheckSettings settings) {
+CheckResult CheckFilesAgainst(std::string_view schema, const std::vector<NamedFile>& files,
+                              CheckSettings settings) {
   FakeServices services;
-  services.disk.files["custom.gas"] = ReplaceAll(schema, "\n", LineBreak);
+  services.disk.files["custom.gas"] = schema;
   settings.useCustomDictionary = true;
   settings.customDictionary = "custom.gas";
-  return Run(services, {WithCrLf("test.ags", text)}, std::move(settings));
+  return Run(services, files, std::move(settings));
+}
+
+CheckResult CheckTextAgainst(std::string_view schema, std::string_view text,
+                             CheckSettings settings) {
+  return CheckFilesAgainst(ReplaceAll(schema, "\n", LineBreak), {WithCrLf("test.ags", text)},
+                           std::move(settings));
 }
 
 std::string Lines(std::initializer_list<std::string_view> lines) {

@@ -41,7 +41,11 @@ struct NamedFile {
 /// Runs the whole check on some files in memory.
 CheckResult CheckFiles(const std::vector<NamedFile>& files, CheckSettings settings = {});
 
-/// The same with a schema file in memory as custom dictionary.
+/// Runs it with a schema file in memory, with its bytes as they are, as custom dictionary.
+CheckResult CheckFilesAgainst(std::string_view schema, const std::vector<NamedFile>& files,
+                              CheckSettings settings = {});
+
+/// The same for a single file and with LF standing for CR LF.
 CheckResult CheckTextAgainst(std::string_view schema, std::string_view text,
                              CheckSettings settings = {});
 
