@@ -186,6 +186,22 @@ TEST(AddDataRow, ContinuesWithTextsThatWereRewritten) {
   EXPECT_THAT(rows.Row(1), ElementsAre("BH1", R"(a 5"" pipe, ""q"" end)", "bxy"));
 }
 
+TEST(AddDataRow, ContinuesInTheOrderOfTheLines) {
+  std::vector<std::string> lines{R"("BH1","from ","")"};
+  std::string numbers = "from ";
+  std::string odds;
+  for (int line = 1; line <= 300; ++line) {
+    const std::string number = std::to_string(line) + ";";
+    const std::string odd = line % 2 == 1 ? number : "";
+    lines.emplace_back(R"("<CONT>",")").append(number).append("\",\"").append(odd).append("\"");
+    numbers += number;
+    odds += odd;
+  }
+  const ReadRows rows(Ags3, 3, lines);
+  EXPECT_EQ(rows.RowCount(), 1);
+  EXPECT_THAT(rows.Row(1), ElementsAre("BH1", numbers, odds));
+}
+
 TEST(AddDataRow, ContinuesColumnsThatTheRowDidNotHave) {
   ReadRows rows(Ags3, 4, {R"("BH1","a")", R"("<CONT>","","b","")", R"("<CONT>","","","c")"});
   EXPECT_THAT(rows.Row(1), ElementsAre("BH1", "a", "b", "c"));

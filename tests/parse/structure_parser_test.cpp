@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "parsed_lines.h"
+#include "support/check_text.h"
 
 namespace quorvane::test {
 namespace {
@@ -251,6 +252,64 @@ TEST(ParseStructure, TooManyHeadingsAreReportedAtTheListsFirstLine) {
   EXPECT_THAT(Found(Ags3, {R"("**ABBR")", HeadingLine(59) + ",", R"("*A_A",)", R"("*B_B")"}),
               ElementsAre("ERROR: Line 2 - the number of headings in group 'ABBR' exceeds 60 "
                           "(Rule 17)."));
+}
+
+// With the rules that listen.
+
+TEST(ParseStructure, ReportsAHeadingsFaultsInTheirOrder) {
+  const CheckResult result =
+      CheckText(MinimalAgs3()
+                    .Line("")
+                    .Line(R"("**GEOL")")
+                    .Line(R"("*HOLE_ID","*GEOL_TOP","*GEOL_BASE","*GEOL_XX",GEOL_XX)")  // line 20
+                    .Line(R"("<UNITS>","m","m","","")")
+                    .Line(R"("BH1","0.00","1.00","","")")
+                    .Text());
+  EXPECT_THAT(result.FindingsOf("Parsing Structure and Data"),
+              ElementsAre("ERROR: Line 20 - 'GEOL_XX' in group 'GEOL' is not an AGS heading "
+                          "(Rule 5).",
+                          "ERROR: Line 20 - 'GEOL_XX' - missing surrounding quotes (Rule 8).",
+                          "ERROR: Line 20 - 'GEOL_XX' - headings must begin with \"*\" (Rule 11).",
+                          "ERROR: Line 20 - 'GEOL_XX' in group 'GEOL' is not an AGS heading "
+                          "(Rule 5).",
+                          "ERROR: Line 20 - Field 'GEOL_XX' is repeated."));
+}
+
+TEST(ParseStructure, EndsAGroupBeforeItReadsTheNextGroupsName) {
+  const CheckResult result = CheckText(
+      MinimalAgs3().Line("").Line(R"("**geol")").Line(R"("*HOLE_ID")").Line("**HOLE").Text());
+  ASSERT_EQ(result.findings.size(), 5U);
+  EXPECT_TRUE(result.findings[0].starts_with("ERROR: Line 19 - Group name geol must be"));
+  EXPECT_EQ(result.findings[1], "FYI: Line 19 - No data found in the GEOL group.");
+  EXPECT_TRUE(result.findings[2].starts_with("ERROR: Line 21 - group name line (**HOLE) must"));
+  EXPECT_EQ(result.findings[3], "ERROR: Line 21 - No fields found for the HOLE group.");
+  EXPECT_EQ(result.findings[4], "FYI: Line 21 - No data found in the HOLE group.");
+}
+
+TEST(ParseStructure, AnAgs4DataLineOfItsLabelOnlyIsAnEmptyLine) {
+  Ags4File file = MinimalAgs4();
+  file.Group("LOCA", {"LOCA_ID"}, {""}, {"ID"}, {});  // line 27
+  const CheckResult result =
+      CheckText(file.Line(R"("DATA")").Line(R"("DATA",)").Line(R"("DATA",  )").Text());
+  EXPECT_THAT(result.findings,
+              ElementsAre("ERROR: Line 27 - No data found in the LOCA group (Rule 2)."));
+}
+
+TEST(ParseStructure, AnAgs4DataLineOfTwoQuotesIsARow) {
+  Ags4File file = MinimalAgs4();
+  file.Group("LOCA", {"LOCA_ID"}, {""}, {"ID"}, {});
+  const CheckResult result = CheckText(file.Line(R"("DATA","")").Text());
+  EXPECT_THAT(result.FindingsOf("Parsing Structure and Data"), IsEmpty());
+}
+
+TEST(ParseStructure, ReadsAnAgs4GroupRowWithoutQuotesAsWhatItHasBecome) {
+  Ags4File file = MinimalAgs4();  // ends with a UNIT group of two headings
+  const CheckResult result = CheckText(file.Line("").Line("\"GROUP\",LOCA").Text());  // line 27
+  EXPECT_THAT(
+      result.FindingsOf("Parsing Structure and Data"),
+      ElementsAre("ERROR: Line 27 - 'L**OCA' - missing surrounding quotes (Rule 8).",
+                  "ERROR: Line 27 - does not have the same number of fields as the number of "
+                  "headers "));
 }
 
 }  // namespace
