@@ -95,7 +95,7 @@ void CountBytes(benchmark::State& state, const std::string& bytes) {
 
 void SplitLines(benchmark::State& state) {
   const std::string& bytes = TestFile(static_cast<int>(state.range(0)));
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     state.PauseTiming();
     ByteBuffer buffer(bytes);
     state.ResumeTiming();
@@ -110,7 +110,7 @@ void DetectVersionAndRowLabels(benchmark::State& state) {
   NoBox box;
   RunLog runLog(box);
   MessageLog log(runLog, false);
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     benchmark::DoNotOptimize(DetectVersion(stages.text));
     if (state.range(0) == 4) benchmark::DoNotOptimize(CheckRowLabels(stages.text, log));
   }
@@ -121,7 +121,7 @@ void DetectVersionAndRowLabels(benchmark::State& state) {
 template <typename Before, typename Stage>
 void TimeStage(benchmark::State& state, Before before, Stage stage) {
   const std::string& bytes = TestFile(static_cast<int>(state.range(0)));
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     state.PauseTiming();
     {
       Stages stages(bytes);

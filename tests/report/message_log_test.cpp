@@ -374,7 +374,8 @@ std::string PrintPlainly(const std::string& title, bool separate,
   for (const PlainRecord& record : records) {
     if (separate && record.severity != severity) text += "\r\n";
     severity = record.severity;
-    text += labels[static_cast<std::size_t>(severity + 1)];
+    const int label = severity + 1;
+    text += labels[static_cast<std::size_t>(label)];
     if (record.line > 0) text += "Line " + std::to_string(record.line) + " - ";
     text += record.text + "\r\n";
   }
