@@ -49,10 +49,11 @@ TEST_P(Delivery, GetsItsReport) {
   EXPECT_TRUE(run.LogText().ends_with("*\r\n\r\n"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Folder, Delivery, testing::ValuesIn(Deliveries()),
-                         [](const testing::TestParamInfo<fs::path>& info) {
-                           return "file_" + std::to_string(info.index);
-                         });
+std::string CaseName(const testing::TestParamInfo<fs::path>& delivery) {
+  return "file_" + std::to_string(delivery.index);
+}
+
+INSTANTIATE_TEST_SUITE_P(Folder, Delivery, testing::ValuesIn(Deliveries()), CaseName);
 
 }  // namespace
 }  // namespace quorvane::test
