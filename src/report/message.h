@@ -43,13 +43,13 @@ struct MessageDefinition {
 /// A table of definitions, as each rule family offers it.
 using MessageTable = std::span<const MessageDefinition* const>;
 
-/// A value that stands in a message text: a text or a whole number. Views must outlive the call
-/// that takes the value.
+/// A value that stands in a message text: a text or a whole number, converted without a word so
+/// that calls read as lists of values. Views must outlive the call that takes the value.
 class MessageValue {
  public:
-  MessageValue(std::string_view text) : text_(text) {}    // NOLINT(google-explicit-constructor)
-  MessageValue(const std::string& text) : text_(text) {}  // NOLINT(google-explicit-constructor)
-  MessageValue(const char* text) : text_(text) {}         // NOLINT(google-explicit-constructor)
+  MessageValue(std::string_view text) : text_(text) {}
+  MessageValue(const std::string& text) : text_(text) {}
+  MessageValue(const char* text) : text_(text) {}
   template <std::integral Number>
   MessageValue(Number number) : number_(static_cast<std::int64_t>(number)), isNumber_(true) {}
 
