@@ -11,7 +11,7 @@ FieldOffset* CellStore::RoomFor(std::size_t offsets) {
   if (offsets > left) {
     nextOffset_ += left;
     if ((nextOffset_ >> 32U) != 0) throw std::length_error("more cells than a file can have");
-    chunks_.push_back(std::make_unique_for_overwrite<FieldOffset[]>(ChunkSize));
+    chunks_.push_back(MakeLargeBlock<FieldOffset>(ChunkSize));
   }
   return chunks_.back().get() + (nextOffset_ & (ChunkSize - 1));
 }

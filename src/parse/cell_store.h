@@ -1,12 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "parse/field_scan.h"
+#include "text/large_block.h"
 
 namespace quorvane {
 
@@ -67,7 +67,7 @@ class CellStore {
   /// Between two values of a regular line stand a quote, a comma and a quote.
   static constexpr std::uint32_t BoundaryLength = 3;
   /// Room for many of the longest regular lines.
-  static constexpr std::uint32_t ChunkBits = 19;
+  static constexpr std::uint32_t ChunkBits = 20;
   static constexpr std::uint32_t ChunkSize = 1U << ChunkBits;
   static constexpr std::uint32_t OwnTextFlag = 1U << 31;
 
@@ -99,9 +99,9 @@ class CellStore {
 
   std::string_view fileText_;
   std::string ownText_;
-  std::vector<RowRecord> rows_;
-  std::vector<Span> spans_;
-  std::vector<std::unique_ptr<FieldOffset[]>> chunks_;  // ChunkSize offsets each
+  LargeVector<RowRecord> rows_;
+  LargeVector<Span> spans_;
+  std::vector<LargeBlock<FieldOffset>> chunks_;  // ChunkSize offsets each
   std::uint64_t nextOffset_ = 0;
 };
 

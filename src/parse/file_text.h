@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "report/disk.h"
+#include "text/large_block.h"
 
 namespace quorvane {
 
@@ -65,7 +66,7 @@ class FileText {
   ByteBuffer bytes_;
   std::string_view text_;
   bool hadByteOrderMark_ = false;
-  std::vector<LineSpan> lines_;
+  LargeVector<LineSpan> lines_;
   std::deque<std::string> rewritten_;  // a deque: a new line must not move the earlier ones
 };
 

@@ -2,12 +2,13 @@
 
 #include <bit>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
+
+#include "text/large_block.h"
+#include "text/text_hash.h"
 
 namespace quorvane {
 
@@ -27,16 +28,27 @@ struct RowPlace {
 template <typename TextOf>
 class RowTextIndex {
  public:
-  RowTextIndex(std::size_t rowCount, TextOf textOf)
-      : textOf_(std::move(textOf)), slots_(std::bit_ceil(2 * rowCount + 2)) {
+  RowTextIndex(std::size_t rowCount, TextOf textOf) : textOf_(std::move(textOf)) {
+    Clear(rowCount);
+  }
+
+  /// Forgets all rows and makes room for others.
+  void Clear(std::size_t rowCount) {
+    slots_.assign(std::bit_ceil(2 * rowCount + 2), 0);
+    entries_.clear();
     entries_.reserve(rowCount);
   }
 
   /// Adds a row unless an earlier one has the same text: that one is then returned.
   std::optional<RowPlace> Insert(const RowPlace& place) {
     textOf_(place, insertedText_);
-    const std::uint64_t hash = Hash(insertedText_);
-    std::uint32_t& slot = SlotOf(hash, insertedText_);
+    return Insert(place, insertedText_);
+  }
+
+  /// The same for a row whose text is known.
+  std::optional<RowPlace> Insert(const RowPlace& place, std::string_view text) {
+    const std::uint64_t hash = HashText(text);
+    std::uint32_t& slot = SlotOf(hash, text);
     if (slot != 0) return entries_[slot - 1].place;
     entries_.push_back({hash, place});
     slot = static_cast<std::uint32_t>(entries_.size());
@@ -45,7 +57,7 @@ class RowTextIndex {
 
   /// The first row that was added with this text.
   std::optional<RowPlace> Find(std::string_view text) {
-    const std::uint32_t slot = SlotOf(Hash(text), text);
+    const std::uint32_t slot = SlotOf(HashText(text), text);
     if (slot == 0) return std::nullopt;
     return entries_[slot - 1].place;
   }
@@ -55,8 +67,6 @@ class RowTextIndex {
     std::uint64_t hash;
     RowPlace place;
   };
-
-  static std::uint64_t Hash(std::string_view text) { return std::hash<std::string_view>{}(text); }
 
   /// The slot of the entry with this text, or the empty slot where it would stand.
   std::uint32_t& SlotOf(std::uint64_t hash, std::string_view text) {
@@ -74,8 +84,8 @@ class RowTextIndex {
   }
 
   TextOf textOf_;
-  std::vector<Entry> entries_;
-  std::vector<std::uint32_t> slots_;  // index into entries_ plus 1; 0 for an empty slot
+  LargeVector<Entry> entries_;
+  LargeVector<std::uint32_t> slots_;  // index into entries_ plus 1; 0 for an empty slot
   std::string insertedText_;
   std::string comparedText_;
 };

@@ -10,7 +10,7 @@ ByteBuffer::ByteBuffer(std::string_view bytes) : ByteBuffer(WithRoomFor(bytes.si
 
 ByteBuffer ByteBuffer::WithRoomFor(std::size_t size) {
   ByteBuffer buffer;
-  buffer.bytes_ = std::make_unique_for_overwrite<char[]>(size + Padding);
+  buffer.bytes_ = MakeLargeBlock<char>(size + Padding);
   buffer.ShrinkTo(size);
   return buffer;
 }

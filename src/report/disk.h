@@ -3,10 +3,11 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "text/large_block.h"
 
 namespace quorvane {
 
@@ -35,7 +36,7 @@ class ByteBuffer {
   std::string_view View() const&& = delete;  // the view would outlive its bytes
 
  private:
-  std::unique_ptr<char[]> bytes_;
+  LargeBlock<char> bytes_;
   std::size_t size_ = 0;
 };
 

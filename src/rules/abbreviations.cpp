@@ -10,6 +10,7 @@
 #include "parse/reference_values.h"
 #include "rules/abbreviation_codes.h"
 #include "rules/abbreviation_messages.h"
+#include "text/same_text.h"
 #include "text/text.h"
 
 namespace quorvane {
@@ -119,7 +120,7 @@ class AbbreviationCheck {
       for (std::int32_t row = 1; row <= file_.table.At(place.group).rowCount; ++row) {
         const std::string_view value = file_.table.Value(place.group, row, place.column);
         if (value.empty()) continue;
-        if (value != previous) {
+        if (!SameText(value, previous)) {
           previous = value;
           const auto [known, isNew] = holdsUnlistedCode.try_emplace(value, false);
           if (isNew) known->second = ReadValue(record.codes, value);

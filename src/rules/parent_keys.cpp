@@ -1,0 +1,220 @@
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "rules/key_messages.h"
+#include "rules/key_text.h"
+#include "rules/keys.h"
+#include "text/same_text.h"
+#include "text/text.h"
+
+namespace quorvane {
+namespace {
+
+/// The keys of all groups that bear a parent's name, found by their text or, where that fails, by
+/// their text in any letter case.
+class ParentKeys {
+ public:
+  ParentKeys(const GroupTable& table, std::vector<int> groups)
+      : table_(table),
+        groups_(std::move(groups)),
+        exact_(RowCount(), TextOfRow{*this, false}),
+        ignoringCase_(RowCount(), TextOfRow{*this, true}),
+        firstParts_(KeyPartsOf(table.At(groups_.front()))),
+        expected_(table, firstParts_) {
+    for (const int group : groups_)
+      InsertRows(group);
+  }
+
+  ParentKeys(const ParentKeys&) = delete;
+  ParentKeys& operator=(const ParentKeys&) = delete;
+
+  bool Contains(std::string_view key) {
+    if (StandsAhead(key)) return true;
+    const std::optional<RowPlace> found = exact_.Find(key);
+    if (found && found->group == groups_.front()) expectedRow_ = found->row;
+    return found.has_value();
+  }
+
+  /// The first row, in group and row order, whose key differs in letter case at the most.
+  std::optional<RowPlace> FindIgnoringCase(std::string_view key) {
+    return ignoringCase_.Find(UpperCase(key));
+  }
+
+  std::string TextAsWritten(const RowPlace& place) const {
+    return KeyAsWritten(table_, place, parts_.at(place.group));
+  }
+
+  /// The first group of the name, after which the keys that refer to it are made.
+  int FirstGroup() const { return groups_.front(); }
+
+  /// Rows of another group follow: theirs begin with the first parents again.
+  void Restart() { expectedRow_ = 1; }
+
+ private:
+  struct TextOfRow {
+    const ParentKeys& keys;
+    bool inUpperCase;
+
+    void operator()(const RowPlace& place, std::string& text) const {
+      MakeComparableKey(keys.table_, place, keys.parts_.at(place.group), text);
+      if (inUpperCase) std::transform(text.begin(), text.end(), text.begin(), ToUpper);
+    }
+  };
+  using Index = RowTextIndex<TextOfRow>;
+
+  std::size_t RowCount() const {
+    std::size_t rowCount = 0;
+    for (const int group : groups_)
+      rowCount += static_cast<std::size_t>(table_.At(group).rowCount);
+    return rowCount;
+  }
+
+  void InsertRows(int group) {
+    const std::vector<KeyPart>& parts =
+        parts_.emplace(group, KeyPartsOf(table_.At(group))).first->second;
+    KeyTextMaker maker(table_, parts);
+    std::string upper;
+    for (std::int32_t row = 1; row <= table_.At(group).rowCount; ++row) {
+      const RowPlace place{group, row};
+      if (!maker.TurnTo(place) || exact_.Insert(place, maker.Text())) continue;
+      upper = maker.Text();
+      std::transform(upper.begin(), upper.end(), upper.begin(), ToUpper);
+      ignoringCase_.Insert(place, upper);
+    }
+  }
+
+  /// Children mostly stand in their parents' order, a few parents having none: looking at the rows
+  /// ahead spares most searches in an index, whose memory is far away.
+  bool StandsAhead(std::string_view key) {
+    constexpr std::int32_t mostSteps = 3;
+    const std::int32_t last =
+        std::min(expectedRow_ + mostSteps, table_.At(groups_.front()).rowCount);
+    for (std::int32_t row = expectedRow_; row <= last; ++row) {
+      expected_.TurnTo({groups_.front(), row});
+      if (!SameText(expected_.Text(), key)) continue;
+      expectedRow_ = row;
+      return true;
+    }
+    return false;
+  }
+
+  const GroupTable& table_;
+  std::vector<int> groups_;
+  std::map<int, std::vector<KeyPart>> parts_;
+  Index exact_;
+  Index ignoringCase_;
+  std::vector<KeyPart> firstParts_;
+  KeyTextMaker expected_;
+  std::int32_t expectedRow_ = 1;
+};
+
+/// How a group is tied to a parent group.
+struct ParentRelation {
+  const MessageDefinition& groupMissing;
+  const MessageDefinition& keyMissing;
+};
+
+class ParentKeyCheck {
+ public:
+  explicit ParentKeyCheck(CheckedFile& file) : file_(file) {}
+
+  void CheckGroup(int groupIndex) {
+    const Group& group = file_.table.At(groupIndex);
+    if (!group.isKeyed || group.dictionaryIndex == 0) return;
+    CheckAgainst(groupIndex, ParentGroupName(file_, group.dictionaryIndex),
+                 {ParentGroupMissing, ParentKeyMissing});
+    if (group.name == "LBST") {
+      CheckAgainst(groupIndex, "SAMP", {SecondaryParentGroupMissing, SecondaryParentKeyMissing});
+    }
+  }
+
+ private:
+  void CheckAgainst(int groupIndex, const std::string& parentName, const ParentRelation& relation) {
+    if (parentName.empty()) return;
+    ParentKeys* parent = KeysOf(parentName);
+    if (parent == nullptr) {
+      file_.log.AddMessage(0, relation.groupMissing, {parentName, file_.table.At(groupIndex).name},
+                           {groupIndex, 0, 0});
+      return;
+    }
+    const std::vector<KeyPart> parts = PartsOfParentKey(groupIndex, parent->FirstGroup());
+    parent->Restart();
+    KeyTextMaker key(file_.table, parts);
+    bool isMissing = false;
+    for (std::int32_t row = 1; row <= file_.table.At(groupIndex).rowCount; ++row) {
+      const RowPlace place{groupIndex, row};
+      // Rows of one parent mostly stand together.
+      if (key.TurnTo(place)) isMissing = key.HasValue() && !parent->Contains(key.Text());
+      if (isMissing) ReportRow(place, parts, key.Text(), parentName, *parent, relation);
+    }
+  }
+
+  /// The keys of the groups of a name, read once for all groups that refer to them.
+  ParentKeys* KeysOf(const std::string& name) {
+    const auto known = parents_.find(name);
+    if (known != parents_.end()) return known->second.get();
+    std::vector<int> groups = file_.table.GroupIndexList(name);
+    std::unique_ptr<ParentKeys>& keys = parents_[name];
+    if (!groups.empty()) keys = std::make_unique<ParentKeys>(file_.table, std::move(groups));
+    return keys.get();
+  }
+
+  /// Where a group holds the parts of its parent's key, in the parent's order: under the parent's
+  /// headings, or else in its own key column at the same place.
+  std::vector<KeyPart> PartsOfParentKey(int groupIndex, int parentIndex) const {
+    const Group& group = file_.table.At(groupIndex);
+    const Group& parent = file_.table.At(parentIndex);
+    std::vector<KeyPart> parts = KeyPartsOf(parent);
+    for (std::size_t index = 0; index < parts.size(); ++index) {
+      std::string_view heading = parent.HeadingAt(parts[index].column).name;
+      if (heading.starts_with('?')) heading.remove_prefix(1);
+      int column = file_.table.FindHeading(heading, groupIndex);
+      if (column == 0 && index < group.keyColumns.size()) column = group.keyColumns[index];
+      parts[index].column = column;
+    }
+    return parts;
+  }
+
+  void ReportRow(const RowPlace& place, std::span<const KeyPart> parts, std::string_view comparable,
+                 const std::string& parentName, ParentKeys& parent,
+                 const ParentRelation& relation) {
+    const std::string& name = file_.table.At(place.group).name;
+    const std::int32_t line = file_.table.RowLine(place.group, place.row);
+    const MessagePlace messagePlace{place.group, place.row, 0};
+    const std::string text = KeyAsWritten(file_.table, place, parts);
+    const std::optional<RowPlace> caseOnly = parent.FindIgnoringCase(comparable);
+    if (caseOnly) {
+      file_.log.AddMessage(line, ParentKeyCaseDiffers,
+                           {name, text, parentName, parent.TextAsWritten(*caseOnly)}, messagePlace);
+    } else {
+      file_.log.AddMessage(line, relation.keyMissing, {name, text, parentName}, messagePlace);
+    }
+  }
+
+  CheckedFile& file_;
+  std::map<std::string, std::unique_ptr<ParentKeys>> parents_;
+};
+
+}  // namespace
+
+void CheckParentKeys(CheckedFile& file) {
+  ParentKeyCheck check(file);
+  for (int group = 1; group <= file.table.GroupCount(); ++group)
+    check.CheckGroup(group);
+  file.log.CloseCheckSection(file.IsAgs4() ? "Parent keys check " : "Parent keys check (Rule 6c)");
+}
+
+const std::string& ParentGroupName(const CheckedFile& file, int dictionaryIndex) {
+  const DictGroup& group = file.dictionary.Group(dictionaryIndex);
+  if (file.isRtaEdition && !group.RelatedGroup.empty()) return group.RelatedGroup;
+  if (file.isNzEdition && !group.SecondRelatedGroup.empty()) return group.SecondRelatedGroup;
+  return group.ParentGroup;
+}
+
+}  // namespace quorvane

@@ -1,0 +1,35 @@
+#include "text/large_block.h"
+
+#include <limits>
+#include <numeric>
+
+#include <gtest/gtest.h>
+
+namespace quorvane::test {
+namespace {
+
+TEST(LargeBlock, HoldsWhatIsPutIntoItAtEverySize) {
+  for (const std::size_t size : {std::size_t{1}, std::size_t{1000}, std::size_t{5} << 20U}) {
+    const LargeBlock<char> block = MakeLargeBlock<char>(size);
+    block[0] = 'a';
+    block[size - 1] = 'z';
+    EXPECT_EQ(block[size - 1], 'z');
+    EXPECT_EQ(block[0], size == 1 ? 'z' : 'a');
+  }
+}
+
+TEST(LargeVector, KeepsItsItemsWhileItGrows) {
+  LargeVector<int> numbers;
+  for (int number = 0; number < 2000000; ++number)
+    numbers.push_back(number);
+  EXPECT_EQ(std::accumulate(numbers.begin(), numbers.end(), 0LL), 1999999LL * 1000000LL);
+}
+
+TEST(LargeVector, RefusesMoreThanThereCanBe) {
+  LargeAllocator<int> allocator;
+  EXPECT_THROW(static_cast<void>(allocator.allocate(std::numeric_limits<std::size_t>::max() / 2)),
+               std::bad_array_new_length);
+}
+
+}  // namespace
+}  // namespace quorvane::test
