@@ -1,24 +1,26 @@
 #include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <optional>
 #include <string>
 #include <vector>
 
-#if defined(_WIN32)
-#include <fcntl.h>
-#include <io.h>
-#endif
-
 #include <CLI/CLI.hpp>
 
-#include "console.h"
-#include "dictionary/parent_choice.h"
-#include "report/log_file.h"
-#include "run/check_run.h"
+#include "run/check_file.h"
+#include "run/environment.h"
+#include "run/standard_streams.h"
 #include "run/system_disk.h"
 #include "run/system_environment.h"
+#include "run/system_text.h"
 #include "text/comma_list.h"
 #include "text/text.h"
+#include "ui/command_line.h"
+#include "ui/console.h"
+#include "ui/console_run.h"
+#include "ui/program_start.h"
+#include "ui/settings_file.h"
+#include "ui/written_path.h"
 
 namespace quorvane {
 namespace {
@@ -35,10 +37,17 @@ struct Options {
   std::string logFile;
 };
 
+/// A path that a script has left empty is a mistake, not the wish for none.
+std::string RefuseEmpty(const std::string& path) {
+  return path.empty() ? "the path is empty" : "";
+}
+
 void Describe(CLI::App& app, Options& options) {
+  app.allow_windows_style_options(false);  // "/" starts a path, on Windows too
   app.set_version_flag("--version", "quorvane-check " + std::string(ProgramVersion));
   app.add_option("FILE", options.files, "AGS 3 and AGS 4 data files");
   app.add_option("--dictionary", options.dictionary, "Check against this schema file")
+      ->check(RefuseEmpty)
       ->type_name("SCHEMA");
   app.add_option("--list", options.listings,
                  "Listings wanted: groups, lines, severity (separated by commas; default groups)")
@@ -48,12 +57,18 @@ void Describe(CLI::App& app, Options& options) {
       ->type_name("LISTING,...");
   app.add_flag("--no-fyi", options.noFyi, "Suppress FYI (for your information only) messages");
   app.add_flag("--statistics", options.statistics, "Show data statistics");
-  app.add_option("--settings", options.settingsFile, "Take everything from a settings file")
+  app.add_option("--settings", options.settingsFile,
+                 "Take files and options from a settings file; /SETTINGSFILE=FILE does the same")
+      ->check(RefuseEmpty)
       ->type_name("FILE");
-  app.add_option("--log", options.logFile, "Write the log to this file too")->type_name("FILE");
+  app.add_option("--log", options.logFile, "Write the log to this file too")
+      ->check(RefuseEmpty)
+      ->type_name("FILE");
   app.footer(
+      "What an option says outranks the settings file, but for the files to check.\n"
       "Exit status: 0 no errors found, 1 errors found or a file that could not be checked,\n"
-      "2 the check could not be made (no files, no usable dictionary, log not written).");
+      "2 the check could not be made (no files, no settings file, no usable dictionary, log not\n"
+      "written).");
 }
 
 bool Wants(const Options& options, std::string_view listing) {
@@ -61,67 +76,74 @@ bool Wants(const Options& options, std::string_view listing) {
          options.listings.end();
 }
 
-CheckSettings SettingsOf(const Options& options) {
-  CheckSettings settings;
-  settings.filesToCheck = Join(options.files, LineBreak);
+/// Lets the options outrank what was set before.
+void ApplyOptions(Disk& disk, const Options& options, RunSettings& settings) {
+  CheckSettings& controls = settings.controls;
   if (!options.listings.empty()) {
-    settings.listings = {Wants(options, "groups"), Wants(options, "lines"),
+    controls.listings = {Wants(options, "groups"), Wants(options, "lines"),
                          Wants(options, "severity")};
   }
-  settings.suppressFyi = options.noFyi;
-  settings.showStatistics = options.statistics;
-  settings.useCustomDictionary = !options.dictionary.empty();
-  settings.customDictionary = options.dictionary;
+  if (options.noFyi) controls.suppressFyi = true;
+  if (options.statistics) controls.showStatistics = true;
+  if (!options.dictionary.empty()) {
+    controls.useCustomDictionary = true;
+    controls.customDictionary = PathToRead(disk, options.dictionary);
+  }
+  if (!options.logFile.empty()) settings.logFile = PathToWrite(options.logFile);
+}
+
+/// The settings of the console program; nothing when a settings file is missing.
+std::optional<RunSettings> SettingsOf(Disk& disk, const Options& options,
+                                      const CommandLine& commandLine) {
+  ConsoleMessages messages;
+  std::vector<std::string> files = options.files;
+  files.insert(files.end(), commandLine.dataFiles.begin(), commandLine.dataFiles.end());
+  for (std::string& file : files) {
+    file = PathToRead(disk, file);
+  }
+  const std::string named = Join(files, LineBreak);
+
+  RunSettings settings;
+  settings.controls.filesToCheck = named;
+  if (!options.settingsFile.empty() && ApplySettingsFile(disk, messages, options.settingsFile,
+                                                         settings) == SettingsOutcome::Missing) {
+    return std::nullopt;
+  }
+  if (LoadSettingsFile(disk, messages, SettingsFileOption, commandLine, settings) ==
+      SettingsOutcome::Missing) {
+    return std::nullopt;
+  }
+  NoteReplacedFiles(messages, named, settings.controls.filesToCheck);
+  ApplyOptions(disk, options, settings);
+  NoteUnusedDictionary(messages, settings.controls);
   return settings;
 }
 
-int Check(const Options& options) {
-  SystemDisk disk;
-  SystemEnvironment environment;
-  Console console(SettingsOf(options));
-  UnattendedParentChoice parentChoice(console);
-  CheckRun run(Services{disk, environment, console, console, console, parentChoice});
-  int status = static_cast<int>(run.ExecuteChecking());
-  if (run.LogText().empty()) return status;
-  std::fputs("\n", stdout);
-  if (!options.logFile.empty() && SaveLogFile(disk, console, options.logFile, run.LogText())) {
-    status = std::max(status, NothingDone);
-  }
-  return status;
-}
-
-/// An option that is described but cannot be used in this version; empty when there is none.
-std::string UnavailableOption(const Options& options) {
-  if (!options.settingsFile.empty()) return "--settings";
-  return {};
-}
-
-int Main(int argc, char** argv) {
+int Main(const std::vector<std::string>& arguments) {
   CLI::App app("Checks AGS 3 and AGS 4 data files and prints the report.", "quorvane-check");
   Options options;
   Describe(app, options);
+  const SortedArguments sorted = SortArguments(arguments);
   try {
-    app.parse(argc, argv);
+    app.parse(std::vector<std::string>(sorted.others.rbegin(), sorted.others.rend()));
   } catch (const CLI::ParseError& outcome) {
     return app.exit(outcome) == 0 ? 0 : NothingDone;
   }
-  if (const std::string option = UnavailableOption(options); !option.empty()) {
-    std::fprintf(stderr, "%s is not available in this version.\n", option.c_str());
-    return NothingDone;
-  }
-  return Check(options);
+  SystemDisk disk;
+  SystemEnvironment environment;
+  const std::optional<RunSettings> settings =
+      SettingsOf(disk, options, SplitCommandLine(sorted.forOptionWords));
+  if (!settings) return NothingDone;
+  return CheckOnConsole(disk, environment, *settings, LogOutput::StandardOutput);
 }
 
 }  // namespace
 }  // namespace quorvane
 
 int main(int argc, char** argv) {
-#if defined(_WIN32)
-  _setmode(_fileno(stdout), _O_BINARY);
-  _setmode(_fileno(stderr), _O_BINARY);
-#endif
+  quorvane::PrepareStandardStreams();
   try {
-    return quorvane::Main(argc, argv);
+    return quorvane::Main(quorvane::ProgramArguments(argc, argv));
   } catch (const std::exception& failure) {
     std::fprintf(stderr, "Quorvane Error: %s\n", failure.what());
     return quorvane::NothingDone;

@@ -1,10 +1,18 @@
 #include "run/system_disk.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <system_error>
+
+#if defined(_WIN32)
+#include <io.h>
+#include <windows.h>
+#endif
+
+#include "run/system_text.h"
 
 namespace quorvane {
 namespace {
@@ -23,13 +31,39 @@ struct FileCloser {
 };
 using OpenFile = std::unique_ptr<std::FILE, FileCloser>;
 
-OpenFile Open(const std::string& path, const char* mode) {
 #if defined(_WIN32)
-  const std::wstring wideMode(mode, mode + std::char_traits<char>::length(mode));
-  return OpenFile(_wfopen(std::filesystem::path(path).c_str(), wideMode.c_str()));
+OpenFile Open(const std::filesystem::path& path, std::string_view mode) {
+  return OpenFile(_wfopen(path.c_str(), std::wstring(mode.begin(), mode.end()).c_str()));
+}
+
+/// Names like CON and COM1 look like files there until they are opened; reading one would wait.
+bool IsDevice(std::FILE* file) {
+  const intptr_t handle = _get_osfhandle(_fileno(file));
+  return GetFileType(reinterpret_cast<HANDLE>(handle)) != FILE_TYPE_DISK;
+}
 #else
+OpenFile Open(const std::filesystem::path& path, const char* mode) {
   return OpenFile(std::fopen(path.c_str(), mode));
+}
+
+/// Devices are told from files before they are opened.
+constexpr bool IsDevice(std::FILE* /*file*/) {
+  return false;
+}
 #endif
+
+/// Fills the buffer from the file, as far as this goes. Reads in pieces: some systems and network
+/// drives fail when they are asked for very much at once.
+std::size_t ReadPieces(std::FILE* file, ByteBuffer& buffer) {
+  constexpr std::size_t PieceSize = std::size_t{1} << 24;
+  std::size_t size = 0;
+  while (size < buffer.Size()) {
+    const std::size_t wanted = std::min(PieceSize, buffer.Size() - size);
+    const std::size_t read = std::fread(buffer.Data() + size, 1, wanted, file);
+    size += read;
+    if (read < wanted) break;
+  }
+  return size;
 }
 
 FileTime ToSystemTime(std::filesystem::file_time_type time) {
@@ -42,9 +76,10 @@ bool WriteAll(std::FILE* file, std::string_view text) {
 
 }  // namespace
 
-FileFacts SystemDisk::Examine(const std::string& path) {
+FileFacts SystemDisk::Examine(const std::string& givenPath) {
   FileFacts facts;
   std::error_code failure;
+  const std::filesystem::path path = SystemPath(givenPath);
   const std::filesystem::file_status status = std::filesystem::status(path, failure);
   if (!std::filesystem::exists(status)) {
     // A path that cannot be looked at is not the same as one that is not there.
@@ -73,15 +108,18 @@ Disk::Reading SystemDisk::Read(const std::string& path) {
     reading.failure = facts.obstacle;
     return reading;
   }
-  const OpenFile file = Open(path, "rb");
+  const OpenFile file = Open(SystemPath(path), "rb");
   if (!file) {
     reading.failure = LastFailure();
     return reading;
   }
+  if (IsDevice(file.get())) {
+    reading.failure = FailureOf(std::make_error_code(std::errc::operation_not_supported));
+    return reading;
+  }
   reading.content = ByteBuffer::WithRoomFor(static_cast<std::size_t>(facts.size));
   // The file may have become shorter since it was examined; what it has gained is left out.
-  const std::size_t size =
-      std::fread(reading.content.Data(), 1, reading.content.Size(), file.get());
+  const std::size_t size = ReadPieces(file.get(), reading.content);
   if (std::ferror(file.get()) != 0) {
     reading.failure = LastFailure();
     reading.content = {};
@@ -93,7 +131,7 @@ Disk::Reading SystemDisk::Read(const std::string& path) {
 
 std::optional<FileFailure> SystemDisk::Write(const std::string& path, std::string_view text,
                                              std::string_view ending) {
-  OpenFile file = Open(path, "wb");
+  OpenFile file = Open(SystemPath(path), "wb");
   if (!file) return LastFailure();
   const bool isWritten = WriteAll(file.get(), text) && WriteAll(file.get(), ending);
   if (!isWritten) return LastFailure();

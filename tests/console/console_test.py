@@ -1,6 +1,8 @@
 """Tests of the console program as its users start it: options, streams, exit status.
 
-Usage: console_test.py PROGRAM SAMPLE
+Usage: console_test.py PROGRAM SAMPLE [EMULATOR]
+
+The emulator runs a program that was built for Windows.
 """
 
 import os
@@ -13,6 +15,8 @@ import unittest
 
 PROGRAM = pathlib.Path(sys.argv[1]).resolve()
 SAMPLE = pathlib.Path(sys.argv[2]).resolve()
+EMULATOR = sys.argv[3:]
+LINE_END = b"\r\n" if EMULATOR else os.linesep.encode()
 
 CLEAN = "\r\n".join([
     '"**PROJ"', '"*PROJ_ID","*PROJ_AGS"', '"<UNITS>",""', '"P1","3.1"', '',
@@ -22,7 +26,22 @@ CLEAN = "\r\n".join([
     '']).encode()
 
 
-class ConsoleTest(unittest.TestCase):
+# A group of no use without data rows: an FYI message.
+EMPTY_GROUP = b'\r\n"**DREM"\r\n"*HOLE_ID"\r\n"<UNITS>"\r\n'
+
+# More findings than are listed by check only.
+TEN_FINDINGS = "\r\n".join(
+    ['"**PROJ"', '"*PROJ_ID","*PROJ_AGS"', '"<UNITS>",""', '"P1","3.1"', '"**HOLE"', '"*HOLE_ID"',
+     '"<UNITS>"'] + [f"BH{number}" for number in range(12)]).encode()
+
+
+def without_dates(report):
+    """The lines of a report but for those that tell the time."""
+    return [line for line in report.splitlines()
+            if not line.startswith(b"Date:  ") and not line.endswith(b" files)")]
+
+
+class ConsoleCase(unittest.TestCase):
     def setUp(self):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="quorvane test \u00fc'"))
         self.addCleanup(shutil.rmtree, self.folder)
@@ -33,9 +52,17 @@ class ConsoleTest(unittest.TestCase):
         return path
 
     def run_program(self, *arguments):
-        return subprocess.run([PROGRAM, *arguments], cwd=self.folder, stdin=subprocess.DEVNULL,
-                              capture_output=True, check=False)
+        """Runs the program; each line of its standard output ends with a line feed then."""
+        run = self.run_for_bytes(*arguments)
+        run.stdout = run.stdout.replace(LINE_END, b"\n")
+        return run
 
+    def run_for_bytes(self, *arguments):
+        return subprocess.run([*EMULATOR, PROGRAM, *arguments], cwd=self.folder, check=False,
+                              stdin=subprocess.DEVNULL, capture_output=True)
+
+
+class ConsoleTest(ConsoleCase):
     def test_clean_file_ends_with_status_0(self):
         self.write("clean.ags")
         run = self.run_program("clean.ags")
@@ -45,8 +72,9 @@ class ConsoleTest(unittest.TestCase):
 
     def test_output_has_the_platforms_line_ends(self):
         self.write("clean.ags")
-        run = self.run_program("clean.ags")
-        self.assertEqual(b"\r\n" in run.stdout, os.linesep == "\r\n")
+        output = self.run_for_bytes("clean.ags").stdout
+        self.assertEqual(output.count(LINE_END), output.count(b"\n"))
+        self.assertEqual(output.count(b"\r"), LINE_END.count(b"\r") * output.count(b"\n"))
 
     def test_log_file_has_the_same_lines_with_cr_lf(self):
         self.write("clean.ags")
@@ -88,11 +116,6 @@ class ConsoleTest(unittest.TestCase):
         self.assertEqual((run.returncode, run.stdout), (2, b""))
         self.assertIn(b"--bogus", run.stderr)
 
-    def test_settings_are_refused_until_they_are_there(self):
-        run = self.run_program("--settings", "settings.txt")
-        self.assertEqual((run.returncode, run.stdout), (2, b""))
-        self.assertIn(b"--settings is not available in this version.", run.stderr)
-
     def test_unusable_dictionary_ends_the_run_and_the_log_is_saved(self):
         self.write("clean.ags")
         self.write("bad.gas", b"no schema\r\n")
@@ -115,16 +138,14 @@ class ConsoleTest(unittest.TestCase):
         self.assertEqual(self.run_program("--list", "colour", SAMPLE).returncode, 2)
 
     def test_sorted_listings_of_ten_findings(self):
-        lines = ['"**PROJ"', '"*PROJ_ID","*PROJ_AGS"', '"<UNITS>",""', '"P1","3.1"', '"**HOLE"',
-                 '"*HOLE_ID"', '"<UNITS>"'] + [f"BH{number}" for number in range(12)]
-        self.write("quotes.ags", "\r\n".join(lines).encode())
+        self.write("quotes.ags", TEN_FINDINGS)
         output = self.run_program("--list", "lines", "quotes.ags").stdout
         self.assertIn(b"MESSAGES SORTED BY LINE NUMBER:", output)
         self.assertNotIn(b"MESSAGES SORTED BY SEVERITY:", output)
         self.assertNotIn(b"Parsing Structure and Data   ", output)
 
     def test_fyi_messages_can_be_suppressed(self):
-        self.write("clean.ags", CLEAN + b'\r\n"**DREM"\r\n"*HOLE_ID"\r\n"<UNITS>"\r\n')
+        self.write("clean.ags", CLEAN + EMPTY_GROUP)
         self.assertIn(b"  FYI: ", self.run_program("clean.ags").stdout)
         output = self.run_program("--no-fyi", "clean.ags").stdout
         self.assertNotIn(b"FYI", output)
@@ -139,7 +160,8 @@ class ConsoleTest(unittest.TestCase):
                          [b"quorvane-check", b"10.00.01.07"])
         run = self.run_program("--help")
         self.assertEqual((run.returncode, run.stderr), (0, b""))
-        for option in (b"--dictionary", b"--list", b"--no-fyi", b"--statistics", b"--log"):
+        for option in (b"--dictionary", b"--list", b"--no-fyi", b"--statistics", b"--settings",
+                       b"--log", b"/SETTINGSFILE="):
             self.assertIn(option, run.stdout)
 
     def test_missing_parent_is_chosen_and_named(self):
@@ -154,6 +176,204 @@ class ConsoleTest(unittest.TestCase):
         self.write("own.ags", CLEAN + b"\r\n".join(groups) + b"\r\n")
         run = self.run_program("own.ags")
         self.assertIn(b"own.ags: group ?SOAK names no parent group; HOLE was taken", run.stderr)
+
+
+class SettingsTest(ConsoleCase):
+    """Runs with a settings file."""
+
+    def write_settings(self, *lines, name="settings.txt"):
+        return self.write(name, "\r\n".join(lines).encode())
+
+    def test_both_ways_to_name_a_settings_file_do_the_same(self):
+        self.write("clean.ags")
+        self.write_settings("FILESTOCHECK=clean.ags", "SHOWDATASTATS=TRUE")
+        outputs = []
+        for words in (["--settings", "settings.txt"], ["--settings=settings.txt"],
+                      ["/SETTINGSFILE=settings.txt"], ["/settingsfile=settings.txt"]):
+            run = self.run_program(*words)
+            self.assertEqual((run.returncode, run.stderr), (0, b""), words)
+            self.assertIn(b"File:  clean.ags (1 of 1)", run.stdout)
+            self.assertIn(b"DATA STATISTICS", run.stdout)
+            outputs.append(without_dates(run.stdout))
+        self.assertEqual(outputs, outputs[:1] * len(outputs))
+
+    def test_data_file_is_checked_with_the_settings(self):
+        self.write("clean.ags", CLEAN + EMPTY_GROUP)
+        self.write_settings("SUPPRESSFYIMESGS=TRUE")
+        for words in (["clean.ags", "/SETTINGSFILE=settings.txt"],
+                      ["clean.ags/SETTINGSFILE=settings.txt"],
+                      ["--settings", "settings.txt", "clean.ags"]):
+            run = self.run_program(*words)
+            self.assertEqual(run.stderr, b"", words)
+            self.assertIn(b"File:  clean.ags (1 of 1)", run.stdout)
+            self.assertNotIn(b"FYI", run.stdout)
+
+    def test_the_settings_files_list_is_the_one_checked(self):
+        self.write("a.ags")
+        self.write("b.ags")
+        self.write_settings("FILESTOCHECK=<ARRAY>", "b.ags", "</ARRAY>")
+        run = self.run_program("a.ags", "missing.ags", "--settings", "settings.txt")
+        self.assertEqual(run.returncode, 0)
+        self.assertIn(b"File:  b.ags (1 of 1)", run.stdout)
+        self.assertNotIn(b"a.ags", run.stdout)
+        self.assertEqual(run.stderr.decode().splitlines(), [
+            f"{name}: not checked, as the settings file names the files to check"
+            for name in ("a.ags", "missing.ags")])
+
+    def test_missing_data_file_beside_a_settings_file_is_named(self):
+        self.write_settings("SHOWDATASTATS=TRUE")
+        run = self.run_program("missing.ags", "/SETTINGSFILE=settings.txt")
+        self.assertEqual(run.returncode, 1)
+        self.assertEqual(run.stderr.split(), b"missing.ags: File not found".split())
+
+    def test_log_file_has_the_lines_of_standard_output(self):
+        self.write("clean.ags")
+        self.write_settings("FILESTOCHECK=clean.ags", 'LOGFILE="my log \u00e4.txt"')
+        run = self.run_program("--settings", "settings.txt")
+        self.assertEqual((run.returncode, run.stderr), (0, b""))
+        log = (self.folder / "my log \u00e4.txt").read_bytes()
+        self.assertEqual(log.replace(b"\r\n", b"\n"), run.stdout.replace(b"\r\n", b"\n"))
+        self.assertIn(b"SUMMARY:  No problems found in file.\r\n", log)
+
+    def test_log_file_is_replaced(self):
+        self.write("clean.ags")
+        self.write("log.txt", b"old\r\n" * 1000)
+        self.write_settings("FILESTOCHECK=clean.ags", "LOGFILE=log.txt")
+        self.run_program("--settings", "settings.txt")
+        self.assertNotIn(b"old", (self.folder / "log.txt").read_bytes())
+
+    def test_options_outrank_the_settings_file(self):
+        self.write("quotes.ags", TEN_FINDINGS)
+        self.write_settings("FILESTOCHECK=quotes.ags", "MESGLIST_SCANGROUPINGS=TRUE",
+                            "MESGLIST_SEVERITY=TRUE", "SUPPRESSFYIMESGS=FALSE",
+                            "SHOWDATASTATS=FALSE", "LOGFILE=of-the-file.txt")
+        run = self.run_program("/SETTINGSFILE=settings.txt", "--list", "lines", "--no-fyi",
+                               "--statistics", "--log", "of-the-option.txt")
+        self.assertEqual(run.stderr, b"")
+        self.assertIn(b"MESSAGES SORTED BY LINE NUMBER:", run.stdout)
+        self.assertNotIn(b"MESSAGES SORTED BY SEVERITY:", run.stdout)
+        self.assertNotIn(b"Parsing Structure and Data   ", run.stdout)
+        self.assertNotIn(b"FYI", run.stdout)
+        self.assertIn(b"DATA STATISTICS", run.stdout)
+        self.assertTrue((self.folder / "of-the-option.txt").exists())
+        self.assertFalse((self.folder / "of-the-file.txt").exists())
+
+    def test_listings_are_those_of_the_settings_file(self):
+        self.write("quotes.ags", TEN_FINDINGS)
+        self.write_settings("FILESTOCHECK=quotes.ags", "MESGLIST_SEVERITY=TRUE")
+        output = self.run_program("--settings", "settings.txt").stdout
+        self.assertIn(b"MESSAGES SORTED BY SEVERITY:", output)
+        self.assertNotIn(b"Parsing Structure and Data   ", output)
+        self.write_settings("FILESTOCHECK=quotes.ags", "COLOUR=red")
+        output = self.run_program("--settings", "settings.txt").stdout
+        self.assertNotIn(b"MESSAGES SORTED BY", output)
+        self.assertIn(b"Parsing Structure and Data   ", output)
+
+    def test_custom_dictionary_of_the_settings_file_is_named_and_not_used(self):
+        self.write("clean.ags")
+        self.write("bad.gas", b"no schema\r\n")
+        self.write_settings("FILESTOCHECK=clean.ags", "CUSTOMDICTIONARY=bad.gas")
+        run = self.run_program("--settings", "settings.txt")
+        self.assertEqual(run.returncode, 0)
+        self.assertEqual(run.stderr.decode().splitlines(), [
+            "CUSTOMDICTIONARY bad.gas: not used, as Use Custom Dictionary is not ticked"])
+
+    def test_dictionary_option_outranks_the_settings_file(self):
+        self.write("clean.ags")
+        self.write("bad.gas", b"no schema\r\n")
+        self.write_settings("FILESTOCHECK=clean.ags", "CUSTOMDICTIONARY=other.gas")
+        run = self.run_program("--settings", "settings.txt", "--dictionary", "bad.gas")
+        self.assertEqual(run.returncode, 2)
+        self.assertIn(b"AGS Dictionary Load: ", run.stderr)
+        self.assertNotIn(b"CUSTOMDICTIONARY", run.stderr)
+
+    def test_missing_settings_file_ends_everything(self):
+        self.write("clean.ags")
+        for words in (["--settings", "none.txt"], ["/SETTINGSFILE=none.txt"]):
+            run = self.run_program("clean.ags", *words)
+            self.assertEqual((run.returncode, run.stdout), (2, b""), words)
+            self.assertEqual(run.stderr.decode().splitlines(), [
+                "Settings File Command Line: Settings file 'none.txt' does not exist."])
+
+    def test_settings_file_that_cannot_be_read_ends_everything(self):
+        (self.folder / "folder").mkdir()
+        run = self.run_program("--settings", "folder")
+        self.assertEqual((run.returncode, run.stdout), (2, b""))
+        self.assertIn(b"Settings File Command Line: Settings file 'folder' cannot be read: ",
+                      run.stderr)
+
+    def test_option_word_with_two_equals_signs_is_ignored(self):
+        self.write("clean.ags")
+        self.write_settings("SHOWDATASTATS=TRUE", name="a=b")
+        run = self.run_program("clean.ags", "/SETTINGSFILE=a=b")
+        self.assertEqual(run.returncode, 0)
+        self.assertEqual(run.stderr.decode().splitlines(), [
+            '/SETTINGSFILE=a=b: ignored, as it does not have exactly one "="'])
+        self.assertIn(b"No problems found in file.", run.stdout)
+        self.assertNotIn(b"DATA STATISTICS", run.stdout)
+        self.assertIn(b"DATA STATISTICS", self.run_program("clean.ags", "--settings", "a=b").stdout)
+
+    def test_settings_file_without_files_is_nothing_to_check(self):
+        self.write_settings("LOGFILE=log.txt")
+        run = self.run_program("--settings", "settings.txt")
+        self.assertEqual((run.returncode, run.stdout), (2, b""))
+        self.assertEqual(run.stderr.split(), b"Check Files: Supply files to check".split())
+        self.assertFalse((self.folder / "log.txt").exists())
+
+    def test_status_is_the_runs(self):
+        self.write("clean.ags")
+        self.write_settings("FILESTOCHECK=<ARRAY>", "clean.ags", "missing.ags", "</ARRAY>",
+                            "LOGFILE=log.txt")
+        run = self.run_program("--settings", "settings.txt")
+        self.assertEqual(run.returncode, 1)
+        self.assertEqual(run.stderr.split(), b"missing.ags: File not found".split())
+        self.assertIn(b"File not found", (self.folder / "log.txt").read_bytes())
+
+    def test_log_file_that_cannot_be_written(self):
+        self.write("clean.ags")
+        self.write_settings("FILESTOCHECK=clean.ags", "LOGFILE=no/log.txt")
+        run = self.run_program("--settings", "settings.txt")
+        self.assertEqual(run.returncode, 2)
+        self.assertIn(b"Quorvane: Could not save to file no/log.txt", run.stderr)
+        self.assertIn(b"No problems found in file.", run.stdout)
+
+    def test_paths_are_relative_to_the_current_folder(self):
+        self.write("clean.ags")
+        (self.folder / "settings").mkdir()
+        self.write_settings("FILESTOCHECK=clean.ags", "LOGFILE=log.txt", name="settings/run.txt")
+        self.assertEqual(self.run_program("--settings", "settings/run.txt").returncode, 0)
+        self.assertTrue((self.folder / "log.txt").exists())
+        self.assertFalse((self.folder / "settings" / "log.txt").exists())
+
+    def test_paths_may_hold_blanks_and_any_letters(self):
+        data = self.write("a 'b' \u00e4.ags")
+        settings = self.write_settings(f"FILESTOCHECK={data}", "LOGFILE=\u00fc.txt",
+                                       name="my \u00e4 settings.txt")
+        for words in (["--settings", settings], [f"/SETTINGSFILE={settings}"],
+                      f"/SETTINGSFILE={settings}".split(" ")):
+            run = self.run_program(*words)
+            self.assertEqual((run.returncode, run.stderr), (0, b""), words)
+            self.assertIn(os.fsencode(data), run.stdout)
+
+    def test_paths_may_be_written_with_either_separator(self):
+        (self.folder / "data").mkdir()
+        self.write("data/clean.ags")
+        for separator in "/\\":
+            self.write_settings(f"FILESTOCHECK=data{separator}clean.ags",
+                                f"LOGFILE=data{separator}log.txt", name="data/settings.txt")
+            run = self.run_program(f"/SETTINGSFILE=data{separator}settings.txt")
+            self.assertEqual((run.returncode, run.stderr), (0, b""))
+            log = self.folder / "data" / "log.txt"
+            self.assertIn(b"No problems found in file.", log.read_bytes())
+            log.unlink()
+            self.assertEqual(self.run_program(f"data{separator}clean.ags").returncode, 0)
+
+    def test_empty_paths_are_refused(self):
+        self.write("clean.ags")
+        for option in ("--settings", "--log", "--dictionary"):
+            run = self.run_program("clean.ags", option, "")
+            self.assertEqual((run.returncode, run.stdout), (2, b""), option)
+            self.assertIn(f"{option}: the path is empty".encode(), run.stderr)
 
 
 if __name__ == "__main__":

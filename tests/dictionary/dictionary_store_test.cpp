@@ -1,5 +1,6 @@
 #include "dictionary/dictionary_store.h"
 
+#include <filesystem>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -11,6 +12,12 @@ namespace quorvane::test {
 namespace {
 
 using testing::ElementsAre;
+
+/// A file in the program folder "/program", named as this system does.
+std::string InProgramFolder(const std::string& name) {
+  return "/program" +
+         std::string(1, static_cast<char>(std::filesystem::path::preferred_separator)) + name;
+}
 
 /// A schema that differs from others by the name of its one group.
 std::string SchemaWith(const std::string& group) {
@@ -47,9 +54,9 @@ TEST(SchemaPath, IsEmptyForTheAgs3DictionaryOfTheProgram) {
 }
 
 TEST(SchemaPath, LiesInTheProgramFolderForAgs4) {
-  EXPECT_EQ(SchemaPath(Ags4(), "/program"), "/program/ags4 dict.gas");
-  EXPECT_EQ(SchemaPath(Ags404(), "/program"), "/program/ags404 dict.gas");
-  EXPECT_EQ(SchemaPath(Ags4("  "), "/program"), "/program/ags4 dict.gas");
+  EXPECT_EQ(SchemaPath(Ags4(), "/program"), InProgramFolder("ags4 dict.gas"));
+  EXPECT_EQ(SchemaPath(Ags404(), "/program"), InProgramFolder("ags404 dict.gas"));
+  EXPECT_EQ(SchemaPath(Ags4("  "), "/program"), InProgramFolder("ags4 dict.gas"));
 }
 
 TEST(SchemaPath, ACustomSchemaGoesFirst) {
@@ -114,7 +121,7 @@ TEST_F(Store, ReadsASchemaOnceInARun) {
   const AgsDictionary& again = store_.Get(Ags4());
   EXPECT_EQ(&first, &again);
   EXPECT_EQ(&store_.Get(Ags4("own.gas")), &store_.Get(Ags404("own.gas ")));
-  EXPECT_EQ(disk_.reads["/program/ags4 dict.gas"], 1);
+  EXPECT_EQ(disk_.reads[InProgramFolder("ags4 dict.gas")], 1);
   EXPECT_EQ(disk_.reads["own.gas"], 1);
 }
 

@@ -1,5 +1,6 @@
 #include "report/routine_guard.h"
 
+#include <new>
 #include <stdexcept>
 
 #include <gmock/gmock.h>
@@ -61,6 +62,12 @@ TEST(GuardRoutine, CatchesWhatTheLanguageItselfThrows) {
     return text.at(7) == 'a';
   }));
   EXPECT_EQ(messages.boxes.size(), 1U);
+}
+
+TEST(GuardRoutine, SaysWhenThereIsNotEnoughMemory) {
+  RecordingMessages messages;
+  EXPECT_FALSE(GuardRoutine<Awaited>(messages, "X", [] { throw std::bad_alloc(); }));
+  EXPECT_THAT(messages.boxes, ElementsAre("Quorvane Error: Error in X: Not enough memory"));
 }
 
 TEST(GuardRoutine, LetsAwaitedFailuresThrough) {

@@ -82,7 +82,7 @@ TEST_F(SystemDiskTest, ReadsFilesByteForByte) {
   ExpectReadable("end.ags",
                  "a\x1A"
                  "b");
-  ExpectReadable("nul.ags", std::string("\0a\0", 3));
+  ExpectReadable("zero.ags", std::string("\0a\0", 3));
 }
 
 TEST_F(SystemDiskTest, ReadsBinaryRubbish) {

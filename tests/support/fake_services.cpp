@@ -1,20 +1,34 @@
 #include "support/fake_services.h"
 
+#include <filesystem>
 #include <stdexcept>
 
+#include "text/text.h"
+
 namespace quorvane::test {
+namespace {
+
+/// The entry of a path. Where "\" parts folders "/" does so too, as it does in the tests' paths.
+template <typename Map>
+typename Map::const_iterator Find(const Map& map, const std::string& path) {
+  const auto found = map.find(path);
+  if (found != map.end() || std::filesystem::path::preferred_separator == '/') return found;
+  return map.find(ReplaceAll(path, "\\", "/"));
+}
+
+}  // namespace
 
 FileFacts MemoryDisk::Examine(const std::string& path) {
   FileFacts facts;
-  if (const auto found = obstacles.find(path); found != obstacles.end()) {
+  if (const auto found = Find(obstacles, path); found != obstacles.end()) {
     facts.exists = true;
     facts.obstacle = found->second;
     return facts;
   }
-  const auto found = files.find(path);
+  const auto found = Find(files, path);
   if (found == files.end()) return facts;
   facts.exists = true;
-  const auto stated = statedSizes.find(path);
+  const auto stated = Find(statedSizes, path);
   facts.size = stated != statedSizes.end() ? stated->second : found->second.size();
   return facts;
 }
@@ -22,9 +36,9 @@ FileFacts MemoryDisk::Examine(const std::string& path) {
 Disk::Reading MemoryDisk::Read(const std::string& path) {
   if (throwsWhenRead == path) throw std::runtime_error("the disk is on fire");
   Reading reading;
-  if (const auto found = readFailures.find(path); found != readFailures.end()) {
+  if (const auto found = Find(readFailures, path); found != readFailures.end()) {
     reading.failure = found->second;
-  } else if (const auto file = files.find(path); file != files.end()) {
+  } else if (const auto file = Find(files, path); file != files.end()) {
     reading.content = ByteBuffer(file->second);
   } else {
     reading.failure = FileFailure{2, "No such file or directory"};
@@ -34,7 +48,7 @@ Disk::Reading MemoryDisk::Read(const std::string& path) {
 
 std::optional<FileFailure> MemoryDisk::Write(const std::string& path, std::string_view text,
                                              std::string_view ending) {
-  if (const auto found = writeFailures.find(path); found != writeFailures.end()) {
+  if (const auto found = Find(writeFailures, path); found != writeFailures.end()) {
     return found->second;
   }
   files[path] = std::string(text) + std::string(ending);

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdio>
+#include <string_view>
+#include <system_error>
+
+#include "report/user_interface.h"
+
+namespace quorvane {
+
+/// To be called before a program opens any file. A standard stream that was closed when the program
+/// started is a file of its own again, so that no data file or log comes in its place. A pipe whose
+/// reader is gone, and a file that has reached the size allowed, fail like a full disk from then on
+/// instead of ending the program.
+void PrepareStandardStreams();
+
+/// Writes a text with the platform's line ends. On a terminal, control characters inside its lines
+/// are shown as text. Returns the system's error when something could not be written.
+std::error_code WriteToStream(std::FILE* stream, std::string_view text);
+
+/// The log on its way to standard output.
+class StandardOutput {
+ public:
+  void Write(std::string_view text);
+
+  /// Hands on what has been written so far.
+  void Flush();
+
+  /// Brings the output to its end. When anything that was written has been lost, it shows the box
+  /// that says why and returns true.
+  bool IsLost(UserMessages& messages);
+
+ private:
+  std::error_code failure_;  // the first one; nothing is written after it
+};
+
+}  // namespace quorvane

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "report/disk.h"
+#include "run/environment.h"
+#include "ui/settings_file.h"
+
+namespace quorvane {
+
+/// Where the log of a run goes when there is no window.
+enum class LogOutput {
+  StandardOutput,  // and to the log file, if the settings name one
+  LogFileOnly,     // to standard output only when the settings name none or it cannot be written
+};
+
+/// Makes a check without a window and writes its log: the run of the console program, and of the
+/// desktop program where there is no display. Boxes and notes go to the error stream. Returns the
+/// exit status.
+int CheckOnConsole(Disk& disk, Environment& environment, const RunSettings& settings,
+                   LogOutput output);
+
+}  // namespace quorvane
