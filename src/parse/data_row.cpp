@@ -64,7 +64,7 @@ void DataRowReader::AddDataRow(std::int32_t lineNumber, std::string_view line) {
 }
 
 void DataRowReader::ReadFields(std::int32_t lineNumber, std::string_view line, MessagePlace place) {
-  fields_ = {};
+  fields_.Clear();
   const bool isRead = format_ == AgsFormat::Ags4 && ReadWellFormedFields(lineNumber, line, place);
   if (!isRead) ReadFieldsByRule(lineNumber, line, place);
 }

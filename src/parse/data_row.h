@@ -34,6 +34,13 @@ class DataRowReader {
     std::string protectedLine;         // what the views point to when the line was rewritten,
     std::deque<std::string> restored;  // and those of values that were rewritten again
     bool hasMore = false;              // the line has fields beyond the last heading
+
+    /// Forgets the fields and keeps their memory for those of the next line.
+    void Clear() {
+      values.clear();
+      restored.clear();
+      hasMore = false;
+    }
   };
 
   /// A text that continues the value of a column.

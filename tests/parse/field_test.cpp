@@ -9,6 +9,7 @@
 #include "plain_reading.h"
 #include "support/random_text.h"
 #include "support/recorded_log.h"
+#include "text/text.h"
 
 namespace quorvane::test {
 namespace {
@@ -260,6 +261,29 @@ TEST(ProtectDoubledQuotes, LeavesEmptyFieldsAndOtherLines) {
     EXPECT_EQ(line.text, text);
     EXPECT_FALSE(line.restoreDoubledQuotes) << text;
   }
+}
+
+/// The replacements one after the other, whatever the line holds.
+std::string ProtectPlainly(std::string_view line) {
+  std::string text = ReplaceAll(line, "\"\",", "!@#$,");
+  if (text.ends_with(",\"\"")) text = text.substr(0, text.size() - 2) + "%^&*";
+  text = ReplaceAll(text, "\"\"", "#`~#");
+  return ReplaceAll(ReplaceAll(text, "!@#$,", "\"\","), "%^&*", "\"\"");
+}
+
+TEST(ProtectDoubledQuotes, GivesWhatTheReplacementsGive) {
+  constexpr std::string_view pieces[] = {"\"", "\"\"", ",", "a", "\",\"", "!@#$,", "%^&*", "#`~#"};
+  RandomText random(1);
+  std::size_t protectedCount = 0;
+  for (int round = 0; round < 20000; ++round) {
+    const std::string line = random.Joined(pieces, random.Below(9));
+    const ProtectedLine result = ProtectDoubledQuotes(line);
+    EXPECT_EQ(result.text, ProtectPlainly(line)) << line;
+    EXPECT_EQ(result.restoreDoubledQuotes, result.text != line) << line;
+    protectedCount += result.restoreDoubledQuotes ? 1 : 0;
+  }
+  EXPECT_GT(protectedCount, 1000U);
+  EXPECT_LT(protectedCount, 19000U);
 }
 
 TEST(ProtectDoubledQuotes, TakesTextsLikeThePlaceholdersOfEmptyFieldsForThem) {
