@@ -1,10 +1,8 @@
 #include "ui/main_window.h"
 
 #include <QCheckBox>
-#include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -17,20 +15,9 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-/// Drops files at a place of the window; whether the window took them.
+/// Drags files to a place of the window and drops them there; whether the window took them.
 bool Drop(MainWindow& window, const QStringList& paths, const QPoint& place) {
-  QMimeData data;
-  QList<QUrl> urls;
-  for (const QString& path : paths)
-    urls.append(QUrl::fromLocalFile(path));
-  data.setUrls(urls);
-  QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-  enter.ignore();
-  QCoreApplication::sendEvent(&window, &enter);
-  QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-  drop.ignore();
-  QCoreApplication::sendEvent(&window, &drop);
-  return enter.isAccepted() && drop.isAccepted();
+  return AcceptsDrag(window, paths, place) && AcceptsDrop(window, paths, place);
 }
 
 }  // namespace

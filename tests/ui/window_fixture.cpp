@@ -1,6 +1,8 @@
 #include "ui/window_fixture.h"
 
 #include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
@@ -13,6 +15,19 @@ namespace {
 
 std::string Asked(std::string_view title, std::string_view filter) {
   return std::string(title) + " / " + std::string(filter);
+}
+
+template <typename Event>
+bool Accepts(MainWindow& window, const QStringList& paths, const QPoint& place) {
+  QMimeData data;
+  QList<QUrl> urls;
+  for (const QString& path : paths)
+    urls.append(QUrl::fromLocalFile(path));
+  data.setUrls(urls);
+  Event event(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  event.ignore();
+  QCoreApplication::sendEvent(&window, &event);
+  return event.isAccepted();
 }
 
 std::string WithCrLf(const std::string& text) {
@@ -69,6 +84,14 @@ std::string FileWithFindings(int count) {
   for (int index = 0; index < count; ++index)
     file.Line("this line stands in no quotes at all, which is one finding for itself");
   return WithCrLf(file.Text());
+}
+
+bool AcceptsDrag(MainWindow& window, const QStringList& paths, const QPoint& place) {
+  return Accepts<QDragEnterEvent>(window, paths, place);
+}
+
+bool AcceptsDrop(MainWindow& window, const QStringList& paths, const QPoint& place) {
+  return Accepts<QDropEvent>(window, paths, place);
 }
 
 void WhenDialogShows(std::function<void(QDialog&)> routine) {

@@ -85,6 +85,12 @@ std::string CleanFile();
 /// An AGS 3 file with one finding per line behind the clean part.
 std::string FileWithFindings(int count);
 
+/// Drags files over a place of the window; whether it would take them.
+bool AcceptsDrag(MainWindow& window, const QStringList& paths, const QPoint& place);
+
+/// Drops them there, which must follow an accepted drag; whether the window takes them.
+bool AcceptsDrop(MainWindow& window, const QStringList& paths, const QPoint& place);
+
 /// Calls the routine with the next dialog that comes up, from inside its event loop.
 void WhenDialogShows(std::function<void(QDialog&)> routine);
 

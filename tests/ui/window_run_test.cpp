@@ -2,7 +2,6 @@
 #include <QCheckBox>
 #include <QDir>
 #include <QFile>
-#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -130,9 +129,9 @@ void WindowRunTest::NothingCanBeStartedDuringARun() {
   fixture.window.show();
   fixture.AddFile("a.ags", CleanFile());
   fixture.SetFiles("a.ags");
-  int looks = 0;
+  int completeLooks = 0;
+  QVERIFY(AcceptsDrag(fixture.window, {"/c.ags"}, {1, 1}));  // dropped when the run is on
   fixture.disk.whenRead = [&](const std::string&) {
-    ++looks;
     QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
     for (const char* name :
          {"cmdQuorvane_0", "cmdQuorvane_1", "cmdQuorvane_2", "cmdQuorvane_3", "cmdQuorvane_4"}) {
@@ -143,15 +142,12 @@ void WindowRunTest::NothingCanBeStartedDuringARun() {
     // What would enable the button does not while the run is on.
     fixture.SetFiles("a.ags\nb.ags");
     QVERIFY(!fixture.Find<QPushButton>("cmdQuorvane_0").isEnabled());
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile("/c.ags")});
-    QDropEvent drop(QPointF(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    drop.ignore();
-    QCoreApplication::sendEvent(&fixture.window, &drop);
-    QVERIFY(!drop.isAccepted());
+    QVERIFY(!AcceptsDrop(fixture.window, {"/c.ags"}, {1, 1}));
+    QVERIFY(!AcceptsDrag(fixture.window, {"/c.ags"}, {1, 1}));
+    ++completeLooks;
   };
   fixture.ClickCheckFiles();
-  QCOMPARE(looks, 1);
+  QCOMPARE(completeLooks, 1);
   QVERIFY(fixture.pickers.asked.empty());
   QVERIFY(fixture.messages.boxes.empty());
   QVERIFY(fixture.window.isVisible());
