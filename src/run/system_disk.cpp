@@ -5,13 +5,16 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <new>
 #include <system_error>
+#include <utility>
 
 #if defined(_WIN32)
 #include <io.h>
 #include <windows.h>
 #endif
 
+#include "run/file_replacement.h"
 #include "run/system_text.h"
 
 namespace quorvane {
@@ -70,8 +73,20 @@ FileTime ToSystemTime(std::filesystem::file_time_type time) {
   return std::chrono::time_point_cast<FileTime::duration>(std::chrono::file_clock::to_sys(time));
 }
 
-bool WriteAll(std::FILE* file, std::string_view text) {
-  return std::fwrite(text.data(), 1, text.size(), file) == text.size();
+/// Room for a file's bytes; nothing when there is no memory for it.
+std::optional<ByteBuffer> RoomFor(std::uint64_t size) {
+  try {
+    return ByteBuffer::WithRoomFor(static_cast<std::size_t>(size));
+  } catch (const std::bad_alloc&) {
+    return std::nullopt;
+  }
+}
+
+/// Whether a file is what it was before it was read. Somebody who writes it meanwhile leaves a
+/// beginning, or parts of two states, that nobody meant to have checked.
+bool IsUnchanged(const FileFacts& before, std::size_t sizeRead, const FileFacts& after) {
+  return sizeRead == before.size && after.exists && !after.obstacle && after.size == before.size &&
+         after.lastChange == before.lastChange;
 }
 
 }  // namespace
@@ -95,7 +110,7 @@ FileFacts SystemDisk::Examine(const std::string& givenPath) {
     facts.obstacle = FailureOf(std::make_error_code(std::errc::operation_not_supported));
   } else {
     facts.size = std::filesystem::file_size(path, failure);
-    facts.lastChange = ToSystemTime(std::filesystem::last_write_time(path, failure));
+    if (!failure) facts.lastChange = ToSystemTime(std::filesystem::last_write_time(path, failure));
     if (failure) facts.obstacle = FailureOf(failure);
   }
   return facts;
@@ -117,26 +132,26 @@ Disk::Reading SystemDisk::Read(const std::string& path) {
     reading.failure = FailureOf(std::make_error_code(std::errc::operation_not_supported));
     return reading;
   }
-  reading.content = ByteBuffer::WithRoomFor(static_cast<std::size_t>(facts.size));
-  // The file may have become shorter since it was examined; what it has gained is left out.
-  const std::size_t size = ReadPieces(file.get(), reading.content);
-  if (std::ferror(file.get()) != 0) {
-    reading.failure = LastFailure();
-    reading.content = {};
+  std::optional<ByteBuffer> room = RoomFor(facts.size);
+  if (!room) {
+    reading.failure = FailureOf(std::make_error_code(std::errc::not_enough_memory));
     return reading;
   }
-  reading.content.ShrinkTo(size);
+  const std::size_t size = ReadPieces(file.get(), *room);
+  const bool hasMore = std::fgetc(file.get()) != EOF;
+  if (std::ferror(file.get()) != 0) {
+    reading.failure = LastFailure();
+  } else if (hasMore || !IsUnchanged(facts, size, Examine(path))) {
+    reading.failure = {EBUSY, "File changed while it was read"};
+  } else {
+    reading.content = std::move(*room);
+  }
   return reading;
 }
 
 std::optional<FileFailure> SystemDisk::Write(const std::string& path, std::string_view text,
                                              std::string_view ending) {
-  OpenFile file = Open(SystemPath(path), "wb");
-  if (!file) return LastFailure();
-  const bool isWritten = WriteAll(file.get(), text) && WriteAll(file.get(), ending);
-  if (!isWritten) return LastFailure();
-  if (std::fclose(file.release()) != 0) return LastFailure();
-  return std::nullopt;
+  return ReplaceFileContent(SystemPath(path), text, ending);
 }
 
 }  // namespace quorvane

@@ -1,6 +1,5 @@
 #include "dictionary/dictionary_store.h"
 
-#include <filesystem>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -12,12 +11,6 @@ namespace quorvane::test {
 namespace {
 
 using testing::ElementsAre;
-
-/// A file in the program folder "/program", named as this system does.
-std::string InProgramFolder(const std::string& name) {
-  return "/program" +
-         std::string(1, static_cast<char>(std::filesystem::path::preferred_separator)) + name;
-}
 
 /// A schema that differs from others by the name of its one group.
 std::string SchemaWith(const std::string& group) {

@@ -99,7 +99,7 @@ std::vector<std::string> PlainRepeats(const Rows& rows) {
   std::vector<std::pair<std::string, std::size_t>> sorted;
   for (std::size_t row = 0; row < rows.size(); ++row) {
     std::string key(TrimRight(rows[row][0]));
-    for (std::size_t column : {1, 2}) {
+    for (const std::size_t column : {std::size_t{1}, std::size_t{2}}) {
       key += "," + CanonicalNumber(TrimRight(rows[row][column]));
     }
     sorted.emplace_back(key, row);

@@ -274,10 +274,10 @@ TEST_F(RunTest, ASchemaIsReadOncePerRun) {
   Put("a.ags", MinimalAgs4().Text());
   Put("b.ags", MinimalAgs4().Text());
   EXPECT_EQ(Check("a.ags\nb.ags\na.ags"), CheckStatus::Clean);
-  EXPECT_EQ(services_.disk.reads["/program/ags4 dict.gas"], 1);
-  EXPECT_EQ(services_.disk.reads["/program/ags404 dict.gas"], 0);
+  EXPECT_EQ(services_.disk.reads[InProgramFolder("ags4 dict.gas")], 1);
+  EXPECT_EQ(services_.disk.reads[InProgramFolder("ags404 dict.gas")], 0);
   EXPECT_EQ(Check("a.ags"), CheckStatus::Clean);
-  EXPECT_EQ(services_.disk.reads["/program/ags4 dict.gas"], 2) << "it may have been mended";
+  EXPECT_EQ(services_.disk.reads[InProgramFolder("ags4 dict.gas")], 2) << "it may have been mended";
 }
 
 // Unexpected failures.

@@ -57,7 +57,7 @@ TEST_F(FileIntakeTest, TakesInAnAgs4File) {
   ASSERT_TRUE(intake_.version.has_value());
   EXPECT_EQ(intake_.version->format, AgsFormat::Ags4);
   EXPECT_FALSE(intake_.version->isAgs404);
-  EXPECT_EQ(intake_.schemaPath, "/program/ags4 dict.gas");
+  EXPECT_EQ(intake_.schemaPath, InProgramFolder("ags4 dict.gas"));
   EXPECT_EQ(intake_.text.LineCount(), 5);
   EXPECT_EQ(intake_.text.Line(1), "\"**PROJ\"") << "rows are brought into the common form";
   EXPECT_THAT(logged_.Findings(), IsEmpty());
@@ -185,7 +185,7 @@ TEST_F(FileIntakeTest, AFileOfEdition404HasItsSchema) {
          "\n\"GROUP\",\"TRAN\"\n\"HEADING\",\"TRAN_AGS\"\n\"UNIT\",\"\"\n"
          "\"TYPE\",\"X\"\n\"DATA\",\"4.0.4\"\n");
   EXPECT_TRUE(intake_.version->isAgs404);
-  EXPECT_EQ(intake_.schemaPath, "/program/ags404 dict.gas");
+  EXPECT_EQ(intake_.schemaPath, InProgramFolder("ags404 dict.gas"));
 }
 
 TEST_F(FileIntakeTest, ACustomDictionaryIsTakenWhenItsBoxIsTicked) {
@@ -199,7 +199,7 @@ TEST_F(FileIntakeTest, ACustomDictionaryIsTakenWhenItsBoxIsTicked) {
 TEST_F(FileIntakeTest, ACustomDictionaryIsLeftWhenItsBoxIsNotTicked) {
   services_.window.settings.customDictionary = "missing.gas";
   TakeIn(Ags4Text);
-  EXPECT_EQ(intake_.schemaPath, "/program/ags4 dict.gas");
+  EXPECT_EQ(intake_.schemaPath, InProgramFolder("ags4 dict.gas"));
 }
 
 TEST_F(FileIntakeTest, ABlankCustomDictionaryIsNone) {

@@ -55,6 +55,11 @@ std::optional<FileFailure> MemoryDisk::Write(const std::string& path, std::strin
   return std::nullopt;
 }
 
+std::string InProgramFolder(const std::string& name) {
+  return "/program" +
+         std::string(1, static_cast<char>(std::filesystem::path::preferred_separator)) + name;
+}
+
 void RecordingMessages::ShowBox(std::string_view title, std::string_view text, BoxKind) {
   boxes.push_back(std::string(title) + ": " + std::string(text));
 }

@@ -32,6 +32,9 @@ class MemoryDisk : public Disk {
   std::optional<std::string> throwsWhenRead;         // a failure that nobody expects
 };
 
+/// The path of a file in the program folder "/program", with the separator of this system.
+std::string InProgramFolder(const std::string& name);
+
 /// An environment in which nothing ever changes.
 class FixedEnvironment : public Environment {
  public:

@@ -1,0 +1,11 @@
+// The whole check of AGS 4 files.
+
+#include "whole_check.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static quorvane::fuzz::WholeCheck check;
+  check.Run(quorvane::fuzz::AsText(data, size));
+  return 0;
+}

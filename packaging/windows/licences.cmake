@@ -1,0 +1,10 @@
+# The licence texts of what the Windows programs are linked with, for the package.
+file(READ ${QUORVANE_WINDOWS_QT}/source-version qt_version)
+string(STRIP "${qt_version}" qt_version)
+set(version ${PROJECT_VERSION})
+configure_file(${CMAKE_CURRENT_LIST_DIR}/licences.txt licences.txt @ONLY NEWLINE_STYLE CRLF)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/licences.txt DESTINATION licences RENAME README.txt)
+install(DIRECTORY ${QUORVANE_WINDOWS_QT}/licences/ DESTINATION licences/qt)
+foreach(package libcli11-dev gcc-mingw-w64-base mingw-w64-x86-64-dev)
+  install(FILES /usr/share/doc/${package}/copyright DESTINATION licences RENAME ${package}.txt)
+endforeach()
