@@ -1,7 +1,6 @@
 #include "parse/cell_store.h"
 
 #include <algorithm>
-#include <functional>
 #include <stdexcept>
 
 namespace quorvane {
@@ -29,15 +28,8 @@ std::size_t CellStore::AddRegularRow(std::int32_t lineNumber, std::string_view l
   return fieldCount;
 }
 
-bool CellStore::LiesInFile(std::string_view value) const {
-  const std::less<const char*> isBefore;
-  const char* begin = fileText_.data();
-  return !value.empty() && !isBefore(value.data(), begin) &&
-         isBefore(value.data(), begin + fileText_.size());
-}
-
 std::uint32_t CellStore::StartOf(std::string_view value) {
-  if (LiesInFile(value)) return static_cast<std::uint32_t>(value.data() - fileText_.data());
+  if (LiesInFile(value)) return static_cast<std::uint32_t>(OffsetInFile(value));
   const std::size_t start = ownText_.size();
   if (start + value.size() >= OwnTextFlag) throw std::length_error("too much continued text");
   ownText_.append(value);
@@ -45,12 +37,14 @@ std::uint32_t CellStore::StartOf(std::string_view value) {
 }
 
 void CellStore::AddRow(std::int32_t lineNumber, const std::vector<std::string_view>& values) {
+  const std::size_t firstCell = spans_.size();
   rows_.push_back({static_cast<std::uint32_t>(lineNumber) & ~OwnTextFlag, 0, 0,
-                   static_cast<std::uint32_t>(spans_.size()),
+                   static_cast<std::uint32_t>(firstCell),
                    static_cast<std::uint32_t>(values.size())});
-  for (const std::string_view value : values) {
-    spans_.push_back({StartOf(value), static_cast<std::uint32_t>(value.size())});
-  }
+  spans_.resize(firstCell + values.size());
+  Span* span = spans_.data() + firstCell;
+  for (const std::string_view value : values)
+    *span++ = {StartOf(value), static_cast<std::uint32_t>(value.size())};
 }
 
 void CellStore::RemoveLastRow() {

@@ -17,6 +17,8 @@ namespace quorvane {
 ///
 /// Rows are counted from 0 over the whole file.
 class CellStore {
+  struct RowRecord;
+
  public:
   /// The file's text must outlive the store and is shorter than 2^31 bytes.
   explicit CellStore(std::string_view fileText) : fileText_(fileText) {}
@@ -42,19 +44,29 @@ class CellStore {
 
   /// The value in a column counted from 1; empty where the row has no such cell.
   std::string_view Value(std::uint32_t row, std::size_t column) const {
-    const RowRecord& record = rows_[row];
-    if (column > record.cellCount) return {};
-    if (!record.isRegular) {
-      const Span& span = spans_[record.firstCell + column - 1];
-      return {TextAt(span.start), span.length};
-    }
-    const FieldOffset* offset = Offsets(record.firstCell) + column;
-    const std::size_t start = offset[-1];
-    return {fileText_.data() + record.lineStart + start, *offset - BoundaryLength - start};
+    return ValueOf(rows_[row], column);
   }
 
+  /// One row, for a look at several of its cells; ends with the next change of the store.
+  class Row {
+   public:
+    /// As CellStore::Value.
+    std::string_view Value(std::size_t column) const { return store_->ValueOf(*record_, column); }
+
+   private:
+    friend class CellStore;
+    Row(const CellStore& store, const RowRecord& record) : store_(&store), record_(&record) {}
+
+    const CellStore* store_;
+    const RowRecord* record_;
+  };
+
+  Row RowAt(std::uint32_t row) const { return {*this, rows_[row]}; }
+
   /// Whether a value is a view into the file's text.
-  bool LiesInFile(std::string_view value) const;
+  bool LiesInFile(std::string_view value) const {
+    return !value.empty() && OffsetInFile(value) < fileText_.size();
+  }
 
   std::size_t CellCount(std::uint32_t row) const { return rows_[row].cellCount; }
 
@@ -85,12 +97,30 @@ class CellStore {
     std::uint32_t cellCount;
   };
 
+  std::string_view ValueOf(const RowRecord& record, std::size_t column) const {
+    if (column > record.cellCount) return {};
+    if (!record.isRegular) {
+      const Span& span = spans_[record.firstCell + column - 1];
+      return {TextAt(span.start), span.length};
+    }
+    const FieldOffset* offset = Offsets(record.firstCell) + column;
+    const std::size_t start = offset[-1];
+    return {fileText_.data() + record.lineStart + start, *offset - BoundaryLength - start};
+  }
+
   const FieldOffset* Offsets(std::uint32_t first) const {
     return chunks_[first >> ChunkBits].get() + (first & (ChunkSize - 1));
   }
   const char* TextAt(std::uint32_t start) const {
     return (start & OwnTextFlag) != 0 ? ownText_.data() + (start & ~OwnTextFlag)
                                       : fileText_.data() + start;
+  }
+
+  /// Where a value begins in the file's text; a number beyond its end when the value lies
+  /// elsewhere.
+  std::size_t OffsetInFile(std::string_view value) const {
+    return reinterpret_cast<std::uintptr_t>(value.data()) -
+           reinterpret_cast<std::uintptr_t>(fileText_.data());
   }
 
   /// Room for the offsets of a line in one piece, beginning at nextOffset_.

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "parse/field.h"
 #include "parse/field_messages.h"
 #include "text/text.h"
 
@@ -23,22 +22,44 @@ std::size_t EndOfWellFormedField(std::string_view line, std::size_t start) {
   return quote;
 }
 
-/// The ends of all fields when every field of the line is well formed, else nothing.
-bool FindWellFormedFields(std::string_view line, std::vector<std::string_view>& values) {
-  values.clear();
-  std::size_t start = 0;
-  while (true) {
-    const std::size_t end = EndOfWellFormedField(line, start);
-    if (end == std::string_view::npos) return false;
+/// Adds the fields from a 1-based position on when all of them are well formed, else nothing.
+bool ReadWellFormedFields(std::string_view line, std::size_t position,
+                          std::vector<std::string_view>& values) {
+  const std::size_t countBefore = values.size();
+  std::size_t start = position - 1;
+  std::size_t end = EndOfWellFormedField(line, start);
+  while (end != std::string_view::npos) {
     values.push_back(line.substr(start + 1, end - start - 1));
     if (end + 1 == line.size()) return true;
-    if (line[end + 1] != ',') return false;
+    if (line[end + 1] != ',') break;
+    start = end + 2;
+    end = EndOfWellFormedField(line, start);
+  }
+  values.resize(countBefore);
+  return false;
+}
+
+/// Adds a line's first fields as far as no rule has anything to say about their quotes: enclosed in
+/// quotes, without one inside, and before a comma or the line's end. Returns the 1-based position
+/// behind them, 0 when the line is used up.
+std::size_t ReadPlainFields(std::string_view line, std::size_t mostFields,
+                            std::vector<std::string_view>& values) {
+  std::size_t start = 0;
+  while (values.size() < mostFields && start < line.size() && line[start] == '"') {
+    const std::size_t end = line.find('"', start + 1);
+    if (end == std::string_view::npos) break;
+    const bool isLast = end + 1 == line.size();
+    if (!isLast && line[end + 1] != ',') break;
+    values.push_back(line.substr(start + 1, end - start - 1));
+    if (isLast) return 0;
     start = end + 2;
   }
+  return start + 1;
 }
 
 bool LooksContinued(std::string_view line) {
   if (line.starts_with('"')) line.remove_prefix(1);
+  if (!line.starts_with(ContinuationMark.front())) return false;  // as nearly all lines
   if (!StartsWithIgnoringCase(line, ContinuationMark)) return false;
   line.remove_prefix(ContinuationMark.size());
   return line.empty() || line.front() == '"' || line.front() == ',';
@@ -65,49 +86,55 @@ void DataRowReader::AddDataRow(std::int32_t lineNumber, std::string_view line) {
 
 void DataRowReader::ReadFields(std::int32_t lineNumber, std::string_view line, MessagePlace place) {
   fields_.Clear();
-  const bool isRead = format_ == AgsFormat::Ags4 && ReadWellFormedFields(lineNumber, line, place);
-  if (!isRead) ReadFieldsByRule(lineNumber, line, place);
+  FieldSource source{log_, lineNumber, line, false, place};
+  std::size_t position = ReadPlainFields(line, HeadingCount(), fields_.values);
+  if (position != 0 && format_ == AgsFormat::Ags4) {
+    // Where all fields are well formed, doubled quotes are part of values wherever they stand.
+    const bool isRead = ReadWellFormedFields(line, position, fields_.values);
+    position = isRead ? 0 : ProtectLine(source, position);
+  }
+  fields_.hasMore = fields_.values.size() > HeadingCount();
+  if (fields_.hasMore) fields_.values.resize(HeadingCount());
+  DropBlankValues(source);
+  ReadFieldsByRule(source, position);
 }
 
-/// Reads an AGS 4 line in which every field is well formed: wherever its doubled quotes stand,
-/// they are part of values and no fault.
-bool DataRowReader::ReadWellFormedFields(std::int32_t lineNumber, std::string_view line,
-                                         MessagePlace place) {
-  std::vector<std::string_view>& values = fields_.values;
-  if (!FindWellFormedFields(line, values)) {
-    values.clear();
-    return false;
-  }
-  fields_.hasMore = values.size() > HeadingCount();
-  if (fields_.hasMore) values.resize(HeadingCount());
-  for (std::string_view& value : values) {
-    ++place.heading;
-    if (value.empty() || !Trim(value).empty()) continue;
-    log_.AddMessage(lineNumber, NullFieldWithSpaces, {}, place);
+void DataRowReader::DropBlankValues(FieldSource& source) {
+  source.place.heading = 0;
+  for (std::string_view& value : fields_.values) {
+    ++source.place.heading;
+    if (!value.starts_with(' ') || !Trim(value).empty()) continue;
+    log_.AddMessage(source.lineNumber, NullFieldWithSpaces, {}, source.place);
     value = {};
   }
-  return true;
 }
 
-/// Reads a line field by field, as the quoting rules are stated.
-void DataRowReader::ReadFieldsByRule(std::int32_t lineNumber, std::string_view line,
-                                     MessagePlace place) {
-  FieldSource source{log_, lineNumber, line, false, place};
-  if (format_ == AgsFormat::Ags4) {
-    ProtectedLine protectedLine = ProtectDoubledQuotes(line);
-    source.restoreDoubledQuotes = protectedLine.restoreDoubledQuotes;
-    if (source.restoreDoubledQuotes) {
-      fields_.protectedLine = std::move(protectedLine.text);
-      source.line = fields_.protectedLine;
-    }
-  }
-  std::size_t position = 1;
+/// Has a line rewritten whose doubled quotes need it: it is then read anew. Returns the position
+/// from which on it is read by rule.
+std::size_t DataRowReader::ProtectLine(FieldSource& source, std::size_t position) {
+  if (HoldsOnlyEmptyFields(source.line)) return position;
+  ProtectedLine protectedLine = ProtectDoubledQuotes(source.line);
+  if (!protectedLine.restoreDoubledQuotes) return position;
+  source.restoreDoubledQuotes = true;
+  fields_.protectedLine = std::move(protectedLine.text);
+  source.line = fields_.protectedLine;
+  fields_.values.clear();
+  return 1;
+}
+
+/// Reads a line field by field from a position on, as the quoting rules are stated.
+void DataRowReader::ReadFieldsByRule(FieldSource& source, std::size_t position) {
+  std::string restored;
   while (position != 0 && fields_.values.size() < HeadingCount()) {
     ++source.place.heading;
-    fields_.values.push_back(GetNextField(source, position, fields_.restored.emplace_back()));
-    if (fields_.restored.back().empty()) fields_.restored.pop_back();
+    std::string_view value = GetNextField(source, position, restored);
+    if (!restored.empty()) {
+      value = fields_.restored.emplace_back(std::move(restored));
+      restored.clear();
+    }
+    fields_.values.push_back(value);
   }
-  fields_.hasMore = position != 0;
+  if (position != 0) fields_.hasMore = true;
 }
 
 void DataRowReader::StoreFields(std::int32_t lineNumber) {

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "parse/field.h"
 #include "parse/group_table.h"
 #include "report/message_log.h"
 
@@ -50,8 +51,9 @@ class DataRowReader {
   };
 
   void ReadFields(std::int32_t lineNumber, std::string_view line, MessagePlace place);
-  bool ReadWellFormedFields(std::int32_t lineNumber, std::string_view line, MessagePlace place);
-  void ReadFieldsByRule(std::int32_t lineNumber, std::string_view line, MessagePlace place);
+  void DropBlankValues(FieldSource& source);
+  std::size_t ProtectLine(FieldSource& source, std::size_t position);
+  void ReadFieldsByRule(FieldSource& source, std::size_t position);
   void StoreFields(std::int32_t lineNumber);
   void ContinueRow();
   std::vector<std::string> ContinuedValues(std::size_t columnCount);

@@ -54,22 +54,6 @@ RawField ReadRawField(std::string_view line, std::size_t position) {
   return field;
 }
 
-/// Whether all doubled quotes are empty fields, which is plain to see in nearly all lines, and no
-/// text could be taken for a placeholder.
-bool HoldsOnlyEmptyFields(std::string_view line) {
-  const bool mayHoldPlaceholder =
-      line.find('!') != std::string_view::npos || line.find('%') != std::string_view::npos;
-  if (mayHoldPlaceholder) return false;
-  for (std::size_t at = line.find(DoubledQuote); at != std::string_view::npos;
-       at = line.find(DoubledQuote, at)) {
-    const std::size_t behind = at + DoubledQuote.size();
-    const bool isLast = behind == line.size() && at > 0 && line[at - 1] == ',';
-    if (!isLast && !line.substr(behind).starts_with(',')) return false;
-    at = behind;
-  }
-  return true;
-}
-
 }  // namespace
 
 ClosingQuote FindClosingQuote(std::string_view line, std::size_t openingQuote) {
@@ -114,6 +98,20 @@ std::string_view GetNextField(const FieldSource& source, std::size_t& position,
     source.log.AddMessage(source.lineNumber, InternalQuotes, {value}, source.place);
   }
   return value;
+}
+
+bool HoldsOnlyEmptyFields(std::string_view line) {
+  const bool mayHoldPlaceholder =
+      line.find('!') != std::string_view::npos || line.find('%') != std::string_view::npos;
+  if (mayHoldPlaceholder) return false;
+  for (std::size_t at = line.find(DoubledQuote); at != std::string_view::npos;
+       at = line.find(DoubledQuote, at)) {
+    const std::size_t behind = at + DoubledQuote.size();
+    const bool isLast = behind == line.size() && at > 0 && line[at - 1] == ',';
+    if (!isLast && !line.substr(behind).starts_with(',')) return false;
+    at = behind;
+  }
+  return true;
 }
 
 ProtectedLine ProtectDoubledQuotes(std::string_view line) {

@@ -46,6 +46,10 @@ struct ProtectedLine {
 };
 ProtectedLine ProtectDoubledQuotes(std::string_view line);
 
+/// Whether it is plain to see that ProtectDoubledQuotes leaves a line as it is, as nearly all are:
+/// its doubled quotes are empty fields and nothing in it could be taken for a placeholder.
+bool HoldsOnlyEmptyFields(std::string_view line);
+
 /// A value as a field of written text: enclosed in double quotes, each double quote doubled, when
 /// it holds the delimiter, a double quote or a line feed; CR LF becomes LF. All but the first field
 /// of a line begin with the delimiter.

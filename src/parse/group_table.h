@@ -71,6 +71,11 @@ class GroupTable {
     return cells_.Value(StoreRow(group, row), static_cast<std::size_t>(column));
   }
 
+  /// A data row, for a look at several of its cells; ends with the next change of the table.
+  CellStore::Row RowAt(int group, std::int32_t row) const {
+    return cells_.RowAt(StoreRow(group, row));
+  }
+
   /// The line of the file on which a data row starts.
   std::int32_t RowLine(int group, std::int32_t row) const {
     return cells_.LineNumber(StoreRow(group, row));

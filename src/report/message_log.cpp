@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 #include "text/text.h"
 
@@ -26,50 +27,49 @@ void MessageLog::AddMessage(std::int64_t line, const MessageDefinition& definiti
   if (muted_) return;
   const MessageForm& form = definition.In(format_);
   const auto fileLine = static_cast<std::int32_t>(line);
-  newText_.clear();
-  AppendMessageText(newText_, form.text, values);
-  if (newText_ == lastText_ && fileLine == lastLine_) return;
   if (suppressFyi_ && form.severity == Severity::Fyi) return;
+  new_.line = fileLine;
+  new_.text.assign(SectionIndent);
+  AppendMessageLabel(new_.text, fileLine, form.severity);
+  new_.textStart = new_.text.size();
+  AppendMessageText(new_.text, form.text, values);
+  new_.text.append(LineBreak);
+  if (new_.line == last_.line && new_.RepeatsTextOf(last_)) return;
 
-  newPiece_.assign(SectionIndent);
-  AppendMessageLabel(newPiece_, fileLine, form.severity);
-  const std::size_t textStart = newPiece_.size();
-  newPiece_.append(newText_);
-  openSection_.StringAdd(newPiece_);
-  records_.push_back({&definition, textStart, static_cast<std::uint32_t>(newText_.size()), fileLine,
-                      place, static_cast<std::uint32_t>(sections_.size()), form.severity});
-  lastLine_ = fileLine;
-  lastText_.swap(newText_);
+  openSection_.StringAdd(new_.text);
+  records_.push_back({&definition, fileLine, place, static_cast<std::uint32_t>(sections_.size()),
+                      static_cast<std::uint16_t>(new_.textStart), form.severity});
+  std::swap(last_, new_);
 }
 
 void MessageLog::CloseCheckSection(std::string_view title) {
   const std::size_t sectionCount = records_.size() - closedCount_;
   if (sectionCount == 0) return;
-  groupedReport_.append(LineBreak)
-      .append(title)
+  std::string head(LineBreak);
+  head.append(title)
       .append("   ")
       .append(std::to_string(sectionCount))
       .append(MessageCountWording(static_cast<std::int64_t>(sectionCount), suppressFyi_))
       .append(LineBreak);
-  for (std::size_t index = 0; index < sectionCount; ++index) {
-    if (index > 0) groupedReport_.append(LineBreak);
-    records_[closedCount_ + index].textStart += groupedReport_.size();
-    groupedReport_.append(openSection_.Piece(index));
-  }
-  groupedReport_.append(LineBreak);
+  closedSections_.push_back({closedCount_, std::move(head), std::move(openSection_)});
   openSection_.StringInit(SectionBuilderSize, SectionBuilderSize, false, false);
   sections_.emplace_back(title);
   closedCount_ = records_.size();
 }
 
-std::string_view MessageLog::TextOf(const Record& record) const {
-  return std::string_view(groupedReport_).substr(record.textStart, record.textLength);
+std::string_view MessageLog::TextOf(std::size_t index) const {
+  const Record& record = records_[index];
+  const ClosedSection& section = closedSections_[record.section];
+  std::string_view text = section.findings.Piece(index - section.firstFinding);
+  text.remove_prefix(record.textStart);
+  text.remove_suffix(LineBreak.size());
+  return text;
 }
 
 Finding MessageLog::ClosedFinding(std::size_t index) const {
   const Record& record = records_[index];
   return {record.definition, record.line,    record.severity,
-          record.place,      record.section, TextOf(record)};
+          record.place,      record.section, TextOf(index)};
 }
 
 void MessageLog::WriteSummary() {
@@ -86,7 +86,7 @@ void MessageLog::WriteSummary() {
 void MessageLog::ListFileMessages(const ListingChoice& choice) {
   if (closedCount_ == 0) return;
   const bool areFew = closedCount_ < FewestForSortedListings;
-  if (choice.scanGroupings || areFew) runLog_.AppendProgress(groupedReport_);
+  if (choice.scanGroupings || areFew) ListSections();
   if (areFew || !(choice.lineNumberInFile || choice.severity)) return;
 
   std::vector<std::uint32_t> order = OrderByLine();
@@ -94,6 +94,16 @@ void MessageLog::ListFileMessages(const ListingChoice& choice) {
   if (!choice.severity) return;
   OrderBySeverity(order);
   PrintMessageList("Messages sorted by severity:", true, order);
+}
+
+/// Findings may be very many: their texts are copied where they stand, into the log of the run.
+void MessageLog::ListSections() {
+  std::vector<std::string_view> parts;
+  for (const ClosedSection& section : closedSections_) {
+    parts.push_back(section.head);
+    section.findings.ListText(parts);
+  }
+  runLog_.AppendProgress(parts);
 }
 
 std::vector<std::uint32_t> MessageLog::OrderByLine() const {
@@ -124,7 +134,7 @@ void MessageLog::PrintMessageList(std::string_view title, bool separateSeveritie
     severity = record.severity;
     line.clear();
     AppendMessageLabel(line, record.line, record.severity);
-    line.append(TextOf(record));
+    line.append(TextOf(index));
     runLog_.AppendProgress(line);
   }
 }

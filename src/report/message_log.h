@@ -8,6 +8,7 @@
 #include "report/message.h"
 #include "report/run_log.h"
 #include "report/string_build.h"
+#include "text/large_block.h"
 
 namespace quorvane {
 
@@ -73,15 +74,34 @@ class MessageLog {
  private:
   struct Record {
     const MessageDefinition* definition;
-    std::size_t textStart;  // in the open section's piece, then in groupedReport_
-    std::uint32_t textLength;
     std::int32_t line;
     MessagePlace place;
     std::uint32_t section;
+    std::uint16_t textStart;  // behind what is printed before the text
     Severity severity;
   };
 
-  std::string_view TextOf(const Record& record) const;
+  /// A finding as it is printed in its section.
+  struct PrintedFinding {
+    std::string text;  // indented, with its label and the line break behind it
+    std::size_t textStart = 0;
+    std::int32_t line = 0;
+
+    bool RepeatsTextOf(const PrintedFinding& other) const {
+      return std::string_view(text).substr(textStart) ==
+             std::string_view(other.text).substr(other.textStart);
+    }
+  };
+
+  /// A section as it is listed.
+  struct ClosedSection {
+    std::size_t firstFinding = 0;
+    std::string head;
+    CStringBuild findings;
+  };
+
+  std::string_view TextOf(std::size_t index) const;
+  void ListSections();
   std::vector<std::uint32_t> OrderByLine() const;
   void OrderBySeverity(std::vector<std::uint32_t>& order) const;
   void PrintMessageList(std::string_view title, bool separateSeverities,
@@ -91,15 +111,15 @@ class MessageLog {
   bool suppressFyi_;
   bool muted_ = false;
   AgsFormat format_ = AgsFormat::Ags3;
-  std::vector<Record> records_;
+  LargeVector<Record> records_;
   std::size_t closedCount_ = 0;
-  std::int32_t lastLine_ = 0;
-  std::string lastText_;
-  std::string newText_;  // kept between calls so that a finding needs no allocation
-  std::string newPiece_;
+  // The last finding and the one being added, as they are printed; kept between calls so that a
+  // finding needs no allocation.
+  PrintedFinding last_;
+  PrintedFinding new_;
   CStringBuild openSection_;
   std::vector<std::string> sections_;
-  std::string groupedReport_;
+  std::vector<ClosedSection> closedSections_;  // of the titles in sections_
 };
 
 }  // namespace quorvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -18,7 +19,10 @@ class RunLog {
 
   /// Writes the text and a line break. Once the full text has passed the display limit the box is
   /// emptied after every write: it is either complete or, until the run's closing lines, empty.
-  void AppendProgress(std::string_view text);
+  void AppendProgress(std::string_view text) { AppendProgress({&text, 1}); }
+
+  /// The same for a text that is given in parts.
+  void AppendProgress(std::span<const std::string_view> parts);
 
   /// Whether the full text has passed the display limit.
   bool HasOverflowed() const { return hasOverflowed_; }
@@ -26,6 +30,8 @@ class RunLog {
   const std::string& FullText() const { return fullText_; }
 
  private:
+  void MakeRoomFor(std::size_t length);
+
   ProgressBox& progressBox_;
   std::string fullText_;
   bool hasOverflowed_ = false;

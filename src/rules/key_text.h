@@ -31,21 +31,26 @@ std::string KeyAsWritten(const GroupTable& table, const RowPlace& place,
 void MakeComparableKey(const GroupTable& table, const RowPlace& place,
                        std::span<const KeyPart> parts, std::string& text);
 
-/// Makes the keys of rows in the form in which they are compared. Rows that follow each other
-/// mostly share the first parts of their key, so only what changes is made anew.
-class KeyTextMaker {
+/// Reads the keys of rows, one row after the other, and makes their texts in the form in which they
+/// are compared. Rows that follow each other mostly share the first parts of their key, so only
+/// what changes is made anew, and the text only when it is asked for.
+class KeyReader {
  public:
   /// The table and the parts must outlive the object.
-  KeyTextMaker(const GroupTable& table, std::span<const KeyPart> parts);
+  KeyReader(const GroupTable& table, std::span<const KeyPart> parts);
 
   /// Turns to a row, of any group that has the parts. Returns whether its values differ from those
   /// of the row before; those of the first row always do.
   bool TurnTo(const RowPlace& place);
 
-  /// The row's key: valid until the next turn.
-  std::string_view Text() const { return text_; }
+  /// The row's key: valid until the next call.
+  std::string_view Text();
 
   bool HasValue() const;
+
+  /// Whether a row has these very values in some columns, as many as the key has parts. Keys may be
+  /// the same without it, as 1.5 and 1.50 are.
+  bool HasValuesOf(const RowPlace& place, std::span<const KeyPart> parts) const;
 
  private:
   /// A part as it was read, and the length of the text up to its end.
@@ -58,6 +63,7 @@ class KeyTextMaker {
   std::span<const KeyPart> parts_;
   std::vector<PartRead> read_;
   std::string text_;
+  std::size_t partsInText_ = 0;  // the text is made up to this part
   bool hasRow_ = false;
 };
 

@@ -4,46 +4,47 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
 #include "rules/key_messages.h"
 #include "rules/key_text.h"
 #include "rules/keys.h"
-#include "text/same_text.h"
 #include "text/text.h"
 
 namespace quorvane {
 namespace {
 
 /// The keys of all groups that bear a parent's name, found by their text or, where that fails, by
-/// their text in any letter case.
+/// their text in any letter case. The indices are made when they are first needed: in most files
+/// children stand in their parents' order and have parents.
 class ParentKeys {
  public:
   ParentKeys(const GroupTable& table, std::vector<int> groups)
-      : table_(table),
-        groups_(std::move(groups)),
-        exact_(RowCount(), TextOfRow{*this, false}),
-        ignoringCase_(RowCount(), TextOfRow{*this, true}),
-        firstParts_(KeyPartsOf(table.At(groups_.front()))),
-        expected_(table, firstParts_) {
+      : table_(table), groups_(std::move(groups)) {
     for (const int group : groups_)
-      InsertRows(group);
+      parts_.emplace(group, KeyPartsOf(table_.At(group)));
   }
 
   ParentKeys(const ParentKeys&) = delete;
   ParentKeys& operator=(const ParentKeys&) = delete;
 
-  bool Contains(std::string_view key) {
+  bool Contains(KeyReader& key) {
     if (StandsAhead(key)) return true;
-    const std::optional<RowPlace> found = exact_.Find(key);
-    if (found && found->group == groups_.front()) expectedRow_ = found->row;
+    if (!BeginsLikeAny(key.Text())) return false;
+    if (!exact_) exact_ = MakeIndex(false);
+    const std::optional<RowPlace> found = exact_->Find(key.Text());
+    if (found && found->group == FirstGroup()) expectedRow_ = found->row;
     return found.has_value();
   }
 
   /// The first row, in group and row order, whose key differs in letter case at the most.
   std::optional<RowPlace> FindIgnoringCase(std::string_view key) {
-    return ignoringCase_.Find(UpperCase(key));
+    if (!BeginsLikeAny(key)) return std::nullopt;
+    if (!ignoringCase_) ignoringCase_ = MakeIndex(true);
+    return ignoringCase_->Find(UpperCase(key));
   }
 
   std::string TextAsWritten(const RowPlace& place) const {
@@ -75,29 +76,53 @@ class ParentKeys {
     return rowCount;
   }
 
-  void InsertRows(int group) {
-    const std::vector<KeyPart>& parts =
-        parts_.emplace(group, KeyPartsOf(table_.At(group))).first->second;
-    KeyTextMaker maker(table_, parts);
-    std::string upper;
-    for (std::int32_t row = 1; row <= table_.At(group).rowCount; ++row) {
-      const RowPlace place{group, row};
-      if (!maker.TurnTo(place) || exact_.Insert(place, maker.Text())) continue;
-      upper = maker.Text();
-      std::transform(upper.begin(), upper.end(), upper.begin(), ToUpper);
-      ignoringCase_.Insert(place, upper);
+  /// Whether some key has the same beginning, in any letter case, up to the first comma: a key has
+  /// one behind its first part at the latest. Most keys without a parent name a hole that is not
+  /// there, which the few beginnings tell without an index of all rows.
+  bool BeginsLikeAny(std::string_view key) {
+    if (parts_.at(FirstGroup()).size() < 2) return true;
+    if (beginnings_.empty()) ReadBeginnings();
+    return beginnings_.contains(BeginningOf(key));
+  }
+
+  static std::string BeginningOf(std::string_view key) {
+    return UpperCase(key.substr(0, key.find(',')));
+  }
+
+  void ReadBeginnings() {
+    for (const int group : groups_) {
+      const std::vector<KeyPart>& parts = parts_.at(group);
+      KeyReader firstPart(table_, std::span(parts).first(std::min<std::size_t>(1, parts.size())));
+      for (std::int32_t row = 1; row <= table_.At(group).rowCount; ++row) {
+        if (firstPart.TurnTo({group, row})) beginnings_.insert(BeginningOf(firstPart.Text()));
+      }
     }
+  }
+
+  std::unique_ptr<Index> MakeIndex(bool inUpperCase) const {
+    auto index = std::make_unique<Index>(RowCount(), TextOfRow{*this, inUpperCase});
+    std::string text;
+    for (const int group : groups_) {
+      KeyReader key(table_, parts_.at(group));
+      for (std::int32_t row = 1; row <= table_.At(group).rowCount; ++row) {
+        const RowPlace place{group, row};
+        if (!key.TurnTo(place)) continue;
+        text = key.Text();
+        if (inUpperCase) std::transform(text.begin(), text.end(), text.begin(), ToUpper);
+        index->Insert(place, text);
+      }
+    }
+    return index;
   }
 
   /// Children mostly stand in their parents' order, a few parents having none: looking at the rows
   /// ahead spares most searches in an index, whose memory is far away.
-  bool StandsAhead(std::string_view key) {
-    constexpr std::int32_t mostSteps = 3;
-    const std::int32_t last =
-        std::min(expectedRow_ + mostSteps, table_.At(groups_.front()).rowCount);
+  bool StandsAhead(const KeyReader& key) {
+    constexpr std::int32_t mostSteps = 8;
+    const std::span<const KeyPart> parts = parts_.at(FirstGroup());
+    const std::int32_t last = std::min(expectedRow_ + mostSteps, table_.At(FirstGroup()).rowCount);
     for (std::int32_t row = expectedRow_; row <= last; ++row) {
-      expected_.TurnTo({groups_.front(), row});
-      if (!SameText(expected_.Text(), key)) continue;
+      if (!key.HasValuesOf({FirstGroup(), row}, parts)) continue;
       expectedRow_ = row;
       return true;
     }
@@ -107,10 +132,9 @@ class ParentKeys {
   const GroupTable& table_;
   std::vector<int> groups_;
   std::map<int, std::vector<KeyPart>> parts_;
-  Index exact_;
-  Index ignoringCase_;
-  std::vector<KeyPart> firstParts_;
-  KeyTextMaker expected_;
+  std::unordered_set<std::string> beginnings_;
+  std::unique_ptr<Index> exact_;
+  std::unique_ptr<Index> ignoringCase_;
   std::int32_t expectedRow_ = 1;
 };
 
@@ -145,12 +169,12 @@ class ParentKeyCheck {
     }
     const std::vector<KeyPart> parts = PartsOfParentKey(groupIndex, parent->FirstGroup());
     parent->Restart();
-    KeyTextMaker key(file_.table, parts);
+    KeyReader key(file_.table, parts);
     bool isMissing = false;
     for (std::int32_t row = 1; row <= file_.table.At(groupIndex).rowCount; ++row) {
       const RowPlace place{groupIndex, row};
       // Rows of one parent mostly stand together.
-      if (key.TurnTo(place)) isMissing = key.HasValue() && !parent->Contains(key.Text());
+      if (key.TurnTo(place)) isMissing = key.HasValue() && !parent->Contains(key);
       if (isMissing) ReportRow(place, parts, key.Text(), parentName, *parent, relation);
     }
   }

@@ -1,9 +1,11 @@
 #include <algorithm>
-#include <map>
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include "rules/key_messages.h"
 #include "rules/key_text.h"
@@ -24,6 +26,13 @@ struct RowRun {
 struct RunOfPart {
   std::string part;
   RowRun rows;
+};
+
+/// Rows that share their key, in the order of the file, and the key in the form in which keys are
+/// compared.
+struct AlikeRows {
+  std::string key;
+  std::vector<std::int32_t> rows;
 };
 
 /// Finds the rows that share their key. Rows of one hole mostly stand together, so only rows whose
@@ -56,8 +65,8 @@ class RepeatedKeys {
     }
   }
 
-  /// What was found, each list under its first row.
-  std::map<std::int32_t, std::vector<std::int32_t>> TakeRows() { return std::move(rowsByFirst_); }
+  /// What was found, in no order of the lists.
+  std::vector<AlikeRows> TakeFound() { return std::move(found_); }
 
  private:
   struct TextOfRow {
@@ -75,15 +84,15 @@ class RepeatedKeys {
   bool SplitByFirstPart(std::vector<RunOfPart>& runs) const {
     if (parts_.size() < 2) return false;
     const std::span<const KeyPart> firstPart(parts_.data(), 1);
-    KeyTextMaker maker(table_, firstPart);
+    KeyReader key(table_, firstPart);
     const std::int32_t rowCount = table_.At(group_).rowCount;
     const auto mostRuns = static_cast<std::size_t>(rowCount / 2);
     for (std::int32_t row = 1; row <= rowCount; ++row) {
-      if (maker.TurnTo({group_, row})) {
-        if (runs.size() > mostRuns || maker.Text().find(',') != std::string_view::npos) {
+      if (key.TurnTo({group_, row})) {
+        if (runs.size() > mostRuns || key.Text().find(',') != std::string_view::npos) {
           return false;
         }
-        runs.push_back({std::string(maker.Text()), {row, row}});
+        runs.push_back({std::string(key.Text()), {row, row}});
       }
       runs.back().rows.last = row;
     }
@@ -96,26 +105,28 @@ class RepeatedKeys {
       rowCount += run.Count();
     if (rowCount < 2) return;
     index_.Clear(rowCount);
-    KeyTextMaker maker(table_, parts_);
+    KeyReader key(table_, parts_);
     for (const RowRun& run : runs) {
       for (std::int32_t row = run.first; row <= run.last; ++row) {
-        maker.TurnTo({group_, row});
-        if (const auto first = index_.Insert({group_, row}, maker.Text())) Add(first->row, row);
+        key.TurnTo({group_, row});
+        const std::optional<RowPlace> first = index_.Insert({group_, row}, key.Text());
+        if (first) Add(first->row, row, key.Text());
       }
     }
   }
 
-  void Add(std::int32_t first, std::int32_t row) {
-    std::vector<std::int32_t>& rows = rowsByFirst_[first];
-    if (rows.empty()) rows.push_back(first);
-    rows.push_back(row);
+  void Add(std::int32_t first, std::int32_t row, std::string_view key) {
+    const auto [place, isNew] = foundByFirst_.try_emplace(first, found_.size());
+    if (isNew) found_.push_back({std::string(key), {first}});
+    found_[place->second].rows.push_back(row);
   }
 
   const GroupTable& table_;
   int group_;
   std::vector<KeyPart> parts_;
   RowTextIndex<TextOfRow> index_;
-  std::map<std::int32_t, std::vector<std::int32_t>> rowsByFirst_;
+  std::vector<AlikeRows> found_;
+  std::unordered_map<std::int32_t, std::size_t> foundByFirst_;  // index into found_, by first row
 };
 
 }  // namespace
@@ -123,21 +134,13 @@ class RepeatedKeys {
 std::vector<std::vector<std::int32_t>> SortGroupRows(const CheckedFile& file, int group) {
   RepeatedKeys repeated(file.table, group);
   repeated.Find();
-
-  const std::vector<KeyPart> parts = KeyPartsOf(file.table.At(group));
-  std::vector<std::pair<std::string, std::vector<std::int32_t>>> byKey;
-  for (auto& [first, rows] : repeated.TakeRows()) {
-    std::string text;
-    MakeComparableKey(file.table, {group, first}, parts, text);
-    byKey.emplace_back(std::move(text), std::move(rows));
-  }
-  std::sort(byKey.begin(), byKey.end(),
-            [](const auto& left, const auto& right) { return left.first < right.first; });
-
+  std::vector<AlikeRows> found = repeated.TakeFound();
+  std::sort(found.begin(), found.end(),
+            [](const AlikeRows& left, const AlikeRows& right) { return left.key < right.key; });
   std::vector<std::vector<std::int32_t>> sorted;
-  sorted.reserve(byKey.size());
-  for (auto& [text, rows] : byKey)
-    sorted.push_back(std::move(rows));
+  sorted.reserve(found.size());
+  for (AlikeRows& alike : found)
+    sorted.push_back(std::move(alike.rows));
   return sorted;
 }
 

@@ -60,7 +60,9 @@ void TypedColumn::CheckEach(std::int32_t firstRow, std::int32_t lastRow, Fits&& 
   const int column = headingIndex_;
   for (std::int32_t row = firstRow; row <= lastRow; ++row) {
     const std::string_view value = table.Value(group, row, column);
-    if (!value.empty() && !fits(value)) failingRows_.push_back(row);
+    if (!value.empty() && !fits(value)) {
+      failingRows_.push_back({row, table.RowLine(group, row), value});
+    }
   }
 }
 

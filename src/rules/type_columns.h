@@ -18,6 +18,14 @@ namespace quorvane {
 /// projects' and the locations' own identifiers are the business of the key rules.
 bool IsUniqueIdHeading(const CheckedFile& file, int groupIndex, int headingIndex);
 
+/// A row whose value does not fit, with what is said about it: the row itself is far away in memory
+/// when findings are reported column by column.
+struct FailingRow {
+  std::int32_t row = 0;
+  std::int32_t line = 0;
+  std::string_view value;
+};
+
 /// A column with its data type in force, made ready for the check of its values.
 class TypedColumn {
  public:
@@ -42,7 +50,7 @@ class TypedColumn {
   void CheckRows(std::int32_t firstRow, std::int32_t lastRow);
 
   /// The rows whose value does not fit the type, or repeats an identifier; ascending.
-  const std::vector<std::int32_t>& FailingRows() const { return failingRows_; }
+  const std::vector<FailingRow>& FailingRows() const { return failingRows_; }
 
  private:
   template <typename Fits>
@@ -60,7 +68,7 @@ class TypedColumn {
   std::optional<DatePattern> datePattern_;
   std::optional<ElapsedTimePattern> elapsedTimePattern_;
   std::optional<IdList> ids_;
-  std::vector<std::int32_t> failingRows_;
+  std::vector<FailingRow> failingRows_;
 };
 
 }  // namespace quorvane

@@ -157,22 +157,21 @@ class TypeCheck {
 
   void ReportValues(int groupIndex, const std::string& heading, const TypedColumn& column) {
     const std::string typeText = column.TypeText();
-    for (const std::int32_t row : column.FailingRows()) {
+    for (const FailingRow& failing : column.FailingRows()) {
       if (column.Kind() == ValueKind::Identifier) {
-        const MessagePlace place{groupIndex, row, column.HeadingIndex()};
-        const std::string_view value = file_.table.Value(groupIndex, row, column.HeadingIndex());
-        file_.log.AddMessage(file_.table.RowLine(groupIndex, row), IdRepeated, {value}, place);
+        file_.log.AddMessage(failing.line, IdRepeated, {failing.value},
+                             {groupIndex, failing.row, column.HeadingIndex()});
       } else {
-        ReportValueTypeMismatch(groupIndex, row, heading, column.HeadingIndex(), typeText);
+        ReportValueTypeMismatch(groupIndex, failing, heading, column.HeadingIndex(), typeText);
       }
     }
   }
 
-  void ReportValueTypeMismatch(int groupIndex, std::int32_t row, const std::string& heading,
-                               int headingIndex, const std::string& typeText) {
-    const std::string_view value = file_.table.Value(groupIndex, row, headingIndex);
-    file_.log.AddMessage(file_.table.RowLine(groupIndex, row), ValueTypeMismatch,
-                         {heading, value, typeText}, {groupIndex, row, headingIndex});
+  void ReportValueTypeMismatch(int groupIndex, const FailingRow& failing,
+                               const std::string& heading, int headingIndex,
+                               const std::string& typeText) {
+    file_.log.AddMessage(failing.line, ValueTypeMismatch, {heading, failing.value, typeText},
+                         {groupIndex, failing.row, headingIndex});
   }
 
   void ReportUnusedTypes() {

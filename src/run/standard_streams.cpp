@@ -59,12 +59,21 @@ bool ShowOnTerminal(std::FILE* stream, std::string_view bytes) {
 }
 #endif
 
-std::error_code LastError() {
-  return {errno, std::generic_category()};
+/// Writes text to a stream that is no terminal.
+bool WriteText(std::FILE* stream, std::string_view text) {
+  constexpr std::size_t blockSize = std::size_t{1} << 16U;
+  while (!text.empty()) {
+    std::string_view block = text.substr(0, blockSize);
+    // A line break does not fall between two blocks.
+    if (block.size() == blockSize && block.back() == LineBreak.front()) block.remove_suffix(1);
+    if (!WriteBytes(stream, ReplaceAll(block, LineBreak, StreamLineEnd))) return false;
+    text.remove_prefix(block.size());
+  }
+  return true;
 }
 
-bool WriteLine(std::FILE* stream, std::string_view line, bool isTerminal) {
-  return isTerminal ? ShowOnTerminal(stream, TerminalText(line)) : WriteBytes(stream, line);
+std::error_code LastError() {
+  return {errno, std::generic_category()};
 }
 
 }  // namespace
@@ -88,15 +97,16 @@ void PrepareStandardStreams() {
 }
 
 std::error_code WriteToStream(std::FILE* stream, std::string_view text) {
-  const bool isTerminal = IsTerminal(stream);
+  if (!IsTerminal(stream)) return WriteText(stream, text) ? std::error_code() : LastError();
   for (std::size_t end = text.find(LineBreak); end != std::string_view::npos;
        end = text.find(LineBreak)) {
-    if (!WriteLine(stream, text.substr(0, end), isTerminal) || !WriteBytes(stream, StreamLineEnd)) {
+    const std::string_view line = text.substr(0, end);
+    if (!ShowOnTerminal(stream, TerminalText(line)) || !WriteBytes(stream, StreamLineEnd)) {
       return LastError();
     }
     text.remove_prefix(end + LineBreak.size());
   }
-  return WriteLine(stream, text, isTerminal) ? std::error_code() : LastError();
+  return ShowOnTerminal(stream, TerminalText(text)) ? std::error_code() : LastError();
 }
 
 void StandardOutput::Write(std::string_view text) {

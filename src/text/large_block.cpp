@@ -1,5 +1,7 @@
 #include "text/large_block.h"
 
+#include <cstdint>
+
 #if defined(__linux__)
 #include <sys/mman.h>
 #endif
@@ -23,11 +25,20 @@ constexpr std::align_val_t PageAlignment{LargePage};
 void* AllocateLarge(std::size_t bytes) {
   if (!IsLarge(bytes)) return ::operator new(bytes);
   void* memory = ::operator new(bytes, PageAlignment);
-#if defined(__linux__)
-  // A wish: where it is not granted, the memory is as good but slower.
-  static_cast<void>(::madvise(memory, bytes, MADV_HUGEPAGE));
-#endif
+  PreferLargePages(memory, bytes);
   return memory;
+}
+
+void PreferLargePages(void* memory, std::size_t bytes) noexcept {
+#if defined(__linux__)
+  const std::size_t before = (LargePage - reinterpret_cast<std::uintptr_t>(memory)) % LargePage;
+  if (bytes <= before) return;
+  // A wish: where it is not granted, the memory is as good but slower.
+  static_cast<void>(::madvise(static_cast<char*>(memory) + before, bytes - before, MADV_HUGEPAGE));
+#else
+  static_cast<void>(memory);
+  static_cast<void>(bytes);
+#endif
 }
 
 void FreeLarge(void* memory, std::size_t bytes) noexcept {

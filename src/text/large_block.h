@@ -4,6 +4,7 @@
 #include <limits>
 #include <memory>
 #include <new>
+#include <string>
 #include <type_traits>
 #include <vector>
 
@@ -17,7 +18,10 @@ void* AllocateLarge(std::size_t bytes);
 /// Gives memory of AllocateLarge back; the size is the one that was asked for.
 void FreeLarge(void* memory, std::size_t bytes) noexcept;
 
-/// The allocator of a vector that may become large.
+/// Asks for large pages behind memory of any other origin that is about to be taken into use.
+void PreferLargePages(void* memory, std::size_t bytes) noexcept;
+
+/// The allocator of a vector or text that may become large.
 template <typename Item>
 class LargeAllocator {
  public:
@@ -42,6 +46,8 @@ class LargeAllocator {
 
 template <typename Item>
 using LargeVector = std::vector<Item, LargeAllocator<Item>>;
+
+using LargeString = std::basic_string<char, std::char_traits<char>, LargeAllocator<char>>;
 
 struct LargeBlockDeleter {
   std::size_t bytes = 0;
