@@ -1,11 +1,11 @@
 # What Windows reads of a program before it starts it: the manifest (UTF-8 as the program's code
 # page, long paths, sharp drawing on every screen, the current look of the controls), the version
 # and, when a file of it is named, the icon.
-enable_language(RC)
-set(quorvane_resources_folder ${CMAKE_CURRENT_LIST_DIR})
+include_guard(GLOBAL)
 
 function(quorvane_windows_resources target description)
-  set(manifest ${quorvane_resources_folder}/program.manifest)
+  set(folder ${CMAKE_CURRENT_FUNCTION_LIST_DIR})
+  set(manifest ${folder}/program.manifest)
   set(icon_line)
   if(ARGN)
     set(icon_line "1 ICON \"${ARGN}\"")
@@ -19,7 +19,7 @@ function(quorvane_windows_resources target description)
     list(APPEND text ${part})
   endforeach()
   list(JOIN text . text)
-  configure_file(${quorvane_resources_folder}/program.rc.in ${target}.rc @ONLY)
+  configure_file(${folder}/program.rc.in ${target}.rc @ONLY)
   set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/${target}.rc PROPERTIES
     OBJECT_DEPENDS "${manifest};${ARGN}")
   target_sources(${target} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc)
