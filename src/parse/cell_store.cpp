@@ -21,9 +21,10 @@ std::size_t CellStore::AddRegularRow(std::int32_t lineNumber, std::string_view l
   const std::size_t fieldCount = ScanRegularFields(line, RoomFor(MostFieldOffsets(line.size())));
   if (fieldCount == 0) return 0;
   const std::size_t kept = std::min(fieldCount, mostCells);
-  rows_.push_back({static_cast<std::uint32_t>(lineNumber) & ~OwnTextFlag, 1,
+  rows_.push_back({static_cast<std::uint32_t>(lineNumber) & Lower31Bits, 0,
                    static_cast<std::uint32_t>(line.data() - fileText_.data()),
-                   static_cast<std::uint32_t>(nextOffset_), static_cast<std::uint32_t>(kept)});
+                   static_cast<std::uint32_t>(nextOffset_),
+                   static_cast<std::uint32_t>(kept) & Lower31Bits, 0});
   nextOffset_ += kept + 1;
   return fieldCount;
 }
@@ -36,20 +37,43 @@ std::uint32_t CellStore::StartOf(std::string_view value) {
   return static_cast<std::uint32_t>(start) | OwnTextFlag;
 }
 
+/// Adds a row whose values stand in the file near each other, as those of one line do; false when
+/// they do not.
+bool CellStore::AddRowOfOneLine(std::uint32_t lineNumber,
+                                const std::vector<std::string_view>& values) {
+  if (values.empty() || values.size() > LongestRegularLine) return false;
+  constexpr std::size_t mostDistance = LongestRegularLine - BoundaryLength;
+  const auto first = std::find_if(values.begin(), values.end(),
+                                  [](std::string_view value) { return !value.empty(); });
+  const std::size_t lineStart = first == values.end() ? 0 : OffsetInFile(*first);
+  FieldOffset* offset = RoomFor(2 * values.size());
+  for (const std::string_view value : values) {
+    const std::size_t start = value.empty() ? 0 : OffsetInFile(value) - lineStart;
+    // A value before the first, too, is at a number beyond this distance.
+    if (start > mostDistance || value.size() > mostDistance - start) return false;
+    if (!value.empty() && !LiesInFile(value)) return false;
+    *offset++ = static_cast<FieldOffset>(start);
+    *offset++ = static_cast<FieldOffset>(start + value.size() + BoundaryLength);
+  }
+  rows_.push_back({lineNumber & Lower31Bits, 0, static_cast<std::uint32_t>(lineStart),
+                   static_cast<std::uint32_t>(nextOffset_),
+                   static_cast<std::uint32_t>(values.size()) & Lower31Bits, 1});
+  nextOffset_ += 2 * values.size();
+  return true;
+}
+
 void CellStore::AddRow(std::int32_t lineNumber, const std::vector<std::string_view>& values) {
-  const std::size_t firstCell = spans_.size();
-  rows_.push_back({static_cast<std::uint32_t>(lineNumber) & ~OwnTextFlag, 0, 0,
-                   static_cast<std::uint32_t>(firstCell),
-                   static_cast<std::uint32_t>(values.size())});
-  spans_.resize(firstCell + values.size());
-  Span* span = spans_.data() + firstCell;
+  const auto line = static_cast<std::uint32_t>(lineNumber);
+  if (AddRowOfOneLine(line, values)) return;
+  rows_.push_back({line & Lower31Bits, 1, 0, static_cast<std::uint32_t>(spans_.size()),
+                   static_cast<std::uint32_t>(values.size()) & Lower31Bits, 0});
   for (const std::string_view value : values)
-    *span++ = {StartOf(value), static_cast<std::uint32_t>(value.size())};
+    spans_.push_back({StartOf(value), static_cast<std::uint32_t>(value.size())});
 }
 
 void CellStore::RemoveLastRow() {
   const RowRecord& last = rows_.back();
-  if (!last.isRegular) spans_.resize(last.firstCell);
+  if (last.isInSpans) spans_.resize(last.firstCell);
   rows_.pop_back();
 }
 

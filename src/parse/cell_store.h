@@ -11,9 +11,11 @@
 namespace quorvane {
 
 /// The cells of all data rows of a file. A cell of a regular line is kept as the offset of its
-/// value in the line, two bytes, and made into a view on demand. The cells of other rows are kept
-/// as start and length, eight bytes; a value that does not stand in the file as it is read (a
-/// continued one, say) is in a text of the store's own.
+/// value in the line, two bytes, and made into a view on demand. Where values stand in their line
+/// at other distances, both their ends are kept, four bytes: files with many mistakes are full of
+/// such rows, and what reads the cells takes both forms without a branch. The cells of other rows
+/// are kept as start and length, eight bytes; a value that does not stand in the file as it is read
+/// (a continued one, say) is in a text of the store's own.
 ///
 /// Rows are counted from 0 over the whole file.
 class CellStore {
@@ -82,6 +84,7 @@ class CellStore {
   static constexpr std::uint32_t ChunkBits = 20;
   static constexpr std::uint32_t ChunkSize = 1U << ChunkBits;
   static constexpr std::uint32_t OwnTextFlag = 1U << 31;
+  static constexpr std::uint32_t Lower31Bits = OwnTextFlag - 1;
 
   /// A value in the file's text or, with OwnTextFlag, in the store's own.
   struct Span {
@@ -91,21 +94,22 @@ class CellStore {
 
   struct RowRecord {
     std::uint32_t lineNumber : 31;
-    std::uint32_t isRegular : 1;
-    std::uint32_t lineStart;  // of a regular line, in the file's text
-    std::uint32_t firstCell;  // in the offsets of a regular row, else in spans_
-    std::uint32_t cellCount;
+    std::uint32_t isInSpans : 1;
+    std::uint32_t lineStart;  // what offsets are counted from, in the file's text
+    std::uint32_t firstCell;  // in the offsets, else in spans_
+    std::uint32_t cellCount : 31;
+    std::uint32_t hasEnds : 1;  // each offset of a value is followed by that of its end
   };
 
   std::string_view ValueOf(const RowRecord& record, std::size_t column) const {
     if (column > record.cellCount) return {};
-    if (!record.isRegular) {
+    if (record.isInSpans) {
       const Span& span = spans_[record.firstCell + column - 1];
       return {TextAt(span.start), span.length};
     }
-    const FieldOffset* offset = Offsets(record.firstCell) + column;
-    const std::size_t start = offset[-1];
-    return {fileText_.data() + record.lineStart + start, *offset - BoundaryLength - start};
+    const FieldOffset* offset = Offsets(record.firstCell) + ((column - 1) << record.hasEnds);
+    const std::size_t start = offset[0];
+    return {fileText_.data() + record.lineStart + start, offset[1] - BoundaryLength - start};
   }
 
   const FieldOffset* Offsets(std::uint32_t first) const {
@@ -125,6 +129,7 @@ class CellStore {
 
   /// Room for the offsets of a line in one piece, beginning at nextOffset_.
   FieldOffset* RoomFor(std::size_t offsets);
+  bool AddRowOfOneLine(std::uint32_t lineNumber, const std::vector<std::string_view>& values);
   std::uint32_t StartOf(std::string_view value);
 
   std::string_view fileText_;

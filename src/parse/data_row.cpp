@@ -112,7 +112,7 @@ void DataRowReader::DropBlankValues(FieldSource& source) {
 /// Has a line rewritten whose doubled quotes need it: it is then read anew. Returns the position
 /// from which on it is read by rule.
 std::size_t DataRowReader::ProtectLine(FieldSource& source, std::size_t position) {
-  if (HoldsOnlyEmptyFields(source.line)) return position;
+  if (HoldsOnlyEmptyFields(source.line, position - 1)) return position;
   ProtectedLine protectedLine = ProtectDoubledQuotes(source.line);
   if (!protectedLine.restoreDoubledQuotes) return position;
   source.restoreDoubledQuotes = true;

@@ -100,11 +100,11 @@ std::string_view GetNextField(const FieldSource& source, std::size_t& position,
   return value;
 }
 
-bool HoldsOnlyEmptyFields(std::string_view line) {
+bool HoldsOnlyEmptyFields(std::string_view line, std::size_t offset) {
   const bool mayHoldPlaceholder =
       line.find('!') != std::string_view::npos || line.find('%') != std::string_view::npos;
   if (mayHoldPlaceholder) return false;
-  for (std::size_t at = line.find(DoubledQuote); at != std::string_view::npos;
+  for (std::size_t at = line.find(DoubledQuote, offset); at != std::string_view::npos;
        at = line.find(DoubledQuote, at)) {
     const std::size_t behind = at + DoubledQuote.size();
     const bool isLast = behind == line.size() && at > 0 && line[at - 1] == ',';

@@ -47,8 +47,9 @@ struct ProtectedLine {
 ProtectedLine ProtectDoubledQuotes(std::string_view line);
 
 /// Whether it is plain to see that ProtectDoubledQuotes leaves a line as it is, as nearly all are:
-/// its doubled quotes are empty fields and nothing in it could be taken for a placeholder.
-bool HoldsOnlyEmptyFields(std::string_view line);
+/// its doubled quotes are empty fields and nothing in it could be taken for a placeholder. Of those
+/// before an offset, where a field begins, the former must be known.
+bool HoldsOnlyEmptyFields(std::string_view line, std::size_t offset = 0);
 
 /// A value as a field of written text: enclosed in double quotes, each double quote doubled, when
 /// it holds the delimiter, a double quote or a line feed; CR LF becomes LF. All but the first field

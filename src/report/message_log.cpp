@@ -39,7 +39,9 @@ void MessageLog::AddMessage(std::int64_t line, const MessageDefinition& definiti
   openSection_.StringAdd(new_.text);
   records_.push_back({&definition, fileLine, place, static_cast<std::uint32_t>(sections_.size()),
                       static_cast<std::uint16_t>(new_.textStart), form.severity});
-  std::swap(last_, new_);
+  last_.text.swap(new_.text);
+  last_.textStart = new_.textStart;
+  last_.line = new_.line;
 }
 
 void MessageLog::CloseCheckSection(std::string_view title) {

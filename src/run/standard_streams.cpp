@@ -59,6 +59,24 @@ bool ShowOnTerminal(std::FILE* stream, std::string_view bytes) {
 }
 #endif
 
+/// A text with the line breaks of streams.
+std::string WithStreamLineEnds(std::string_view text) {
+  if (StreamLineEnd == LineBreak) return std::string(text);
+  std::string converted;
+  converted.reserve(text.size());
+  for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
+    std::string_view line = text.substr(0, end + 1);
+    if (line.ends_with(LineBreak)) {
+      line.remove_suffix(LineBreak.size());
+      converted.append(line).append(StreamLineEnd);
+    } else {
+      converted.append(line);
+    }
+    text.remove_prefix(end + 1);
+  }
+  return converted.append(text);
+}
+
 /// Writes text to a stream that is no terminal.
 bool WriteText(std::FILE* stream, std::string_view text) {
   constexpr std::size_t blockSize = std::size_t{1} << 16U;
@@ -66,7 +84,7 @@ bool WriteText(std::FILE* stream, std::string_view text) {
     std::string_view block = text.substr(0, blockSize);
     // A line break does not fall between two blocks.
     if (block.size() == blockSize && block.back() == LineBreak.front()) block.remove_suffix(1);
-    if (!WriteBytes(stream, ReplaceAll(block, LineBreak, StreamLineEnd))) return false;
+    if (!WriteBytes(stream, WithStreamLineEnds(block))) return false;
     text.remove_prefix(block.size());
   }
   return true;

@@ -1,5 +1,6 @@
 #include "parse/cell_store.h"
 
+#include <algorithm>
 #include <array>
 #include <type_traits>
 
@@ -196,6 +197,51 @@ TEST(CellStore, KeepsManyRowsOfAllSizes) {
     store.AddRow(row.line, {row.values.begin(), row.values.end()});
   }
   ExpectRows(store, given);
+}
+
+/// A part of the file, anywhere in it or close to a place; or a text from elsewhere, or nothing.
+std::string_view AnyValue(RandomText& random, std::string_view file, std::size_t near) {
+  static constexpr std::string_view outside = "a text from elsewhere";
+  if (random.OneIn(6)) return {};
+  if (random.OneIn(20)) return outside.substr(random.Below(outside.size()));
+  const std::size_t start = random.OneIn(8) ? random.Below(file.size()) : near + random.Below(300);
+  return file.substr(std::min(start, file.size()), random.OneIn(30) ? 70000 : random.Below(20));
+}
+
+TEST(CellStore, RowsOfAnyValuesReadAsTheyWereGiven) {
+  RandomText random(61);
+  std::string bytes;
+  while (bytes.size() < 300000)
+    bytes += static_cast<char>('a' + random.Below(26));
+  const FileText file = FileOf(bytes);
+  CellStore store(file.Whole());
+  std::vector<std::vector<std::string>> expected;
+  for (int row = 0; row < 3000; ++row) {
+    const std::size_t near = random.Below(bytes.size());
+    std::vector<std::string_view> values(random.Below(12));
+    for (std::string_view& value : values)
+      value = AnyValue(random, file.Whole(), near);
+    store.AddRow(row, values);
+    expected.emplace_back(values.begin(), values.end());
+    if (!random.OneIn(5)) continue;
+    store.RemoveLastRow();
+    expected.pop_back();
+  }
+  ASSERT_EQ(store.RowCount(), expected.size());
+  for (std::uint32_t row = 0; row < store.RowCount(); ++row) {
+    ASSERT_EQ(ValuesOf(store, row), expected[row]) << row;
+    EXPECT_EQ(store.Value(row, expected[row].size() + 1), "");
+  }
+}
+
+TEST(CellStore, KeepsTheCellsOfALineThatIsAsLongAsOffsetsReach) {
+  for (std::size_t length = LongestRegularLine - 6; length < LongestRegularLine + 6; ++length) {
+    const FileText file = FileOf("ab" + std::string(length, 'x') + "yz");
+    CellStore store(file.Whole());
+    store.AddRow(1, {file.Line(1).substr(2, 1), file.Line(1).substr(length, 4)});
+    EXPECT_THAT(ValuesOf(store, 0), ElementsAre("x", "xxyz"));
+    EXPECT_EQ(store.Value(0, 2).data(), file.Whole().data() + length);
+  }
 }
 
 }  // namespace

@@ -1,5 +1,9 @@
 #include "report/run_log.h"
 
+#include <array>
+#include <string>
+#include <string_view>
+
 #include <gtest/gtest.h>
 
 #include "support/fake_services.h"
@@ -73,6 +77,27 @@ TEST(RunLog, InsertsClearsAndWaitsInThatOrder) {
   FillTo(log, 60001);
   log.AppendProgress("");
   EXPECT_EQ(box.calls, "insert 60001;clear;pending;insert 2;clear;pending;");
+}
+
+TEST(RunLog, WritesATextInPartsAsOne) {
+  CallsOfBox box;
+  RunLog log(box);
+  const std::array<std::string_view, 3> parts{"one ", "", "text"};
+  log.AppendProgress(parts);
+  EXPECT_EQ(log.FullText(), "one text\r\n");
+  EXPECT_EQ(box.calls, "insert 10;");
+}
+
+TEST(RunLog, KeepsItsTextWhenItGrowsByVeryMuch) {
+  RecordingProgressBox box;
+  RunLog log(box);
+  std::string expected;
+  for (const std::size_t length : {3U, 70000U, 5000000U, 1U, 4000000U}) {
+    const std::string text(length, static_cast<char>('a' + length % 26));
+    log.AppendProgress(text);
+    expected.append(text).append("\r\n");
+  }
+  EXPECT_EQ(log.FullText(), expected);
 }
 
 }  // namespace

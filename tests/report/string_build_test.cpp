@@ -1,5 +1,6 @@
 #include "report/string_build.h"
 
+#include <algorithm>
 #include <array>
 #include <set>
 #include <vector>
@@ -22,6 +23,13 @@ void AddAll(CStringBuild& builder, const std::vector<std::string>& pieces) {
   for (const std::string& piece : pieces) {
     builder.StringAdd(piece);
   }
+}
+
+std::string ListedText(const CStringBuild& builder) {
+  std::vector<std::string_view> parts{"before"};
+  builder.ListText(parts);
+  EXPECT_EQ(parts.front(), "before");
+  return Join(std::vector<std::string>(parts.begin() + 1, parts.end()), "");
 }
 
 TEST(StringBuild, JoinsItsPiecesWithTheDelimiter) {
@@ -121,7 +129,23 @@ TEST(StringBuild, AgreesWithAPlainList) {
     }
     EXPECT_EQ(builder.StringValue("|"), Join(expected, "|"));
     EXPECT_EQ(builder.PieceCount(), expected.size());
+    EXPECT_EQ(ListedText(builder), Join(expected, ""));
   }
+}
+
+TEST(StringBuild, PiecesOfAnyLengthStayWhereTheyAre) {
+  RandomText random(42);
+  CStringBuild builder = Initialised(false, false);
+  std::vector<std::string> expected;
+  std::vector<std::string_view> views;
+  for (int piece = 0; piece < 2000; ++piece) {
+    const std::size_t length = random.OneIn(100) ? random.Below(3000000) : random.Below(300);
+    expected.emplace_back(length, static_cast<char>('a' + random.Below(26)));
+    builder.StringAdd(expected.back());
+    views.push_back(builder.Piece(builder.PieceCount() - 1));
+  }
+  EXPECT_TRUE(std::equal(views.begin(), views.end(), expected.begin(), expected.end()));
+  EXPECT_EQ(ListedText(builder), Join(expected, ""));
 }
 
 TEST(StringBuild, TakesAMillionPieces) {

@@ -1,7 +1,9 @@
 #include "text/large_block.h"
 
+#include <algorithm>
 #include <limits>
 #include <numeric>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -29,6 +31,14 @@ TEST(LargeVector, RefusesMoreThanThereCanBe) {
   LargeAllocator<int> allocator;
   EXPECT_THROW(static_cast<void>(allocator.allocate(std::numeric_limits<std::size_t>::max() / 2)),
                std::bad_array_new_length);
+}
+
+TEST(PreferLargePages, LeavesMemoryAsItIs) {
+  for (const std::size_t size : {std::size_t{1}, std::size_t{1000}, std::size_t{9} << 20U}) {
+    std::vector<char> memory(size, 'x');
+    PreferLargePages(memory.data(), memory.size());
+    EXPECT_EQ(std::count(memory.begin(), memory.end(), 'x'), static_cast<std::ptrdiff_t>(size));
+  }
 }
 
 }  // namespace
