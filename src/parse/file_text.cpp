@@ -48,6 +48,15 @@ void FileText::SplitLines(std::string_view lineEnd) {
   }
 }
 
+OriginalLines::OriginalLines(const FileText& text)
+    : text_(text.Whole()), lineEnd_(LineEndOf(text.Bytes())) {}
+
+std::string_view OriginalLines::Line(std::int32_t number) {
+  for (; number_ < number; ++number_)
+    start_ = FindLineEnd(text_, lineEnd_, start_) + lineEnd_.size();
+  return text_.substr(start_, FindLineEnd(text_, lineEnd_, start_) - start_);
+}
+
 void FileText::DropPrefix(std::int32_t number, std::size_t length) {
   LineSpan& line = lines_[static_cast<std::size_t>(number - 1)];
   if (line.start == RewrittenLine) {

@@ -31,6 +31,9 @@ class FileText {
 
   bool HadByteOrderMark() const { return hadByteOrderMark_; }
 
+  /// The bytes of the file, whole.
+  std::string_view Bytes() const& { return bytes_.View(); }
+
   /// The text that was split into lines.
   std::string_view Whole() const& { return text_; }
 
@@ -49,6 +52,7 @@ class FileText {
 
   void Clear(std::int32_t number);
 
+  std::string_view Bytes() const&& = delete;
   std::string_view Whole() const&& = delete;  // the view would outlive its bytes
   std::string_view Line(std::int32_t number) const&& = delete;
 
@@ -68,6 +72,24 @@ class FileText {
   bool hadByteOrderMark_ = false;
   LargeVector<LineSpan> lines_;
   std::deque<std::string> rewritten_;  // a deque: a new line must not move the earlier ones
+};
+
+/// The lines of a file's text as they stand in it, whatever they were rewritten to. The text must
+/// outlive the object.
+class OriginalLines {
+ public:
+  explicit OriginalLines(const FileText& text);
+  explicit OriginalLines(FileText&&) = delete;
+
+  /// A line that the text has, by its number. The lines are asked for in ascending order: the cost
+  /// of all of them together is one pass over the text.
+  std::string_view Line(std::int32_t number);
+
+ private:
+  std::string_view text_;
+  std::string_view lineEnd_;
+  std::int32_t number_ = 1;  // of the line that starts at the offset
+  std::size_t start_ = 0;
 };
 
 }  // namespace quorvane

@@ -17,6 +17,7 @@
 #include "rules/required_content.h"
 #include "rules/types.h"
 #include "rules/units.h"
+#include "run/findings_receiver.h"
 #include "run/row_order.h"
 #include "run/structure_rules.h"
 #include "text/text.h"
@@ -98,6 +99,7 @@ class FileCheck {
     }
     runLog_.AppendProgress(ClosingLine);
     if (settings_.showStatistics && checked_) WriteStatistics(*checked_);
+    HandOver();
     return Status();
   }
 
@@ -166,6 +168,14 @@ class FileCheck {
     if (!differences.empty()) runLog_.AppendProgress(std::string(title) + differences);
   }
 
+  void HandOver() {
+    if (services_.findings == nullptr) return;
+    const std::string_view failure = intake_.hasFailed   ? std::string_view(intake_.reason)
+                                     : hasFailedRoutine_ ? "unexpected failure"
+                                                         : "";
+    services_.findings->TakeFile({intake_, checked_ ? &*checked_ : nullptr, log_, failure});
+  }
+
   CheckStatus Status() const {
     if (intake_.hasFailed || hasFailedRoutine_) return CheckStatus::HasErrors;
     for (std::size_t index = 0; index < log_.ClosedCount(); ++index) {
@@ -191,9 +201,10 @@ class FileCheck {
 CheckStatus CheckAGSFile(const Services& services, DictionaryStore& dictionaries, RunLog& runLog,
                          StatisticsState& statistics, const FileToCheck& file) {
   CheckStatus status = CheckStatus::HasErrors;
-  GuardRoutine<DictionaryError>(services.messages, "CheckAGSFile", [&] {
+  const bool isDone = GuardRoutine<DictionaryError>(services.messages, "CheckAGSFile", [&] {
     status = FileCheck(services, dictionaries, runLog, statistics, file).Run();
   });
+  if (!isDone && services.findings != nullptr) services.findings->RefuseFile("unexpected failure");
   return status;
 }
 

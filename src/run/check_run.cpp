@@ -5,6 +5,7 @@
 
 #include "dictionary/dictionary_store.h"
 #include "report/routine_guard.h"
+#include "run/findings_receiver.h"
 #include "text/comma_list.h"
 #include "text/text.h"
 
@@ -60,21 +61,41 @@ CheckStatus CheckRun::CheckFiles(const CheckSettings& settings) {
   services_.progressBox.ProcessPendingMessages();
   const std::vector<std::string_view> paths = Split(settings.filesToCheck, LineBreak);
   WriteRunHeader(settings, paths.size());
+  if (services_.findings != nullptr) services_.findings->BeginRun(settings);
+  const CheckStatus status = CheckEach(paths);
+  if (services_.findings != nullptr) services_.findings->EndRun(status);
+  return status;
+}
+
+CheckStatus CheckRun::CheckEach(std::span<const std::string_view> paths) {
   DictionaryStore dictionaries(services_.disk, services_.environment.ProgramFolder());
   CheckStatus status = CheckStatus::Clean;
+  std::size_t index = 0;
   try {
-    for (std::size_t index = 0; index < paths.size(); ++index) {
+    for (; index < paths.size(); ++index) {
       const FileToCheck file{std::string(paths[index]), static_cast<int>(index + 1),
                              static_cast<int>(paths.size())};
       services_.window.BeginFile(file.path, file.number, file.count);
+      if (services_.findings != nullptr) services_.findings->BeginFile(file.path);
       status = std::max(status, CheckAGSFile(services_, dictionaries, *log_, statistics_, file));
     }
   } catch (const DictionaryError& failure) {
     // Without its dictionary a file cannot be checked, and neither can those behind it.
     services_.messages.ShowBox("AGS Dictionary Load", failure.what(), BoxKind::Critical);
     status = CheckStatus::NotDone;
+    RefuseRest(paths.subspan(index), failure.what());
   }
   return status;
+}
+
+/// The first of the files has begun.
+void CheckRun::RefuseRest(std::span<const std::string_view> paths, std::string_view reason) {
+  if (services_.findings == nullptr) return;
+  services_.findings->RefuseFile(reason);
+  for (const std::string_view path : paths.subspan(1)) {
+    services_.findings->BeginFile(path);
+    services_.findings->RefuseFile(reason);
+  }
 }
 
 void CheckRun::WriteRunHeader(const CheckSettings& settings, std::size_t fileCount) {

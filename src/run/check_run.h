@@ -1,7 +1,9 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "report/run_log.h"
 #include "run/check_file.h"
@@ -25,6 +27,8 @@ class CheckRun {
 
  private:
   CheckStatus CheckFiles(const CheckSettings& settings);
+  CheckStatus CheckEach(std::span<const std::string_view> paths);
+  void RefuseRest(std::span<const std::string_view> paths, std::string_view reason);
   void WriteRunHeader(const CheckSettings& settings, std::size_t fileCount);
   void WriteClosingLines();
 

@@ -35,6 +35,7 @@ class Intake {
     if (reading.failure) return RefuseMissing(reading.failure->description);
     size_ = reading.content.Size();
     intake_.text = FileText(std::move(reading.content));
+    intake_.wasRead = true;
     return true;
   }
 

@@ -23,6 +23,7 @@ struct FileIntake {
   FileText text;
   std::optional<DetectedVersion> version;  // nothing when it was not decided
   std::string schemaPath;                  // of the file's dictionary; empty for the AGS 3 one
+  bool wasRead = false;                    // the text is that of the file
   bool hasFailed = true;
   std::string reason = "unexpected failure";  // why the file cannot be checked
 };

@@ -8,6 +8,8 @@
 
 namespace quorvane {
 
+class FindingsReceiver;
+
 /// What a check run needs from the program around it. All of it must outlive the run.
 struct Services {
   Disk& disk;
@@ -16,6 +18,7 @@ struct Services {
   ProgressBox& progressBox;
   CheckWindow& window;
   ParentChoice& parentChoice;
+  FindingsReceiver* findings = nullptr;  // none: only the text is wanted
 };
 
 }  // namespace quorvane

@@ -181,6 +181,26 @@ TEST(DropPrefix, CutsARewrittenLineToo) {
   EXPECT_EQ(file.Line(1), "");
 }
 
+TEST(OriginalLines, AreThoseOfTheFileWhateverTheyWereRewrittenTo) {
+  FileText file = FileOf("\xEF\xBB\xBFone\r\ntwo\nmore\r\n\r\nfour\r\n");
+  file.Rewrite(1, "other");
+  file.DropPrefix(2, 2);
+  file.Clear(4);
+  OriginalLines lines(file);
+  EXPECT_EQ(lines.Line(1), "one");
+  EXPECT_EQ(lines.Line(2), "two\nmore");
+  EXPECT_EQ(lines.Line(2), "two\nmore");
+  EXPECT_EQ(lines.Line(4), "four");
+  EXPECT_EQ(file.Bytes().substr(0, 6), "\xEF\xBB\xBFone");
+}
+
+TEST(OriginalLines, EndAsTheFilesLinesDo) {
+  const FileText file = FileOf("one\ntwo\nthree\r\n");
+  OriginalLines lines(file);
+  ASSERT_EQ(file.LineCount(), 1);
+  EXPECT_EQ(lines.Line(1), file.Line(1));
+}
+
 TEST(Rewrite, ReplacesOneLineOnly) {
   FileText file = FileOf("a\r\nb\r\nc");
   file.Rewrite(2, "**PROJ");

@@ -33,7 +33,9 @@ const std::map<std::string, std::set<std::string>> MayInclude{
     {"rules", {"text", "report", "parse", "dictionary"}},
     {"statistics", {"text", "report", "parse", "dictionary"}},
     {"run", {"text", "report", "parse", "dictionary", "rules", "statistics"}},
-    {"ui", {"text", "report", "parse", "dictionary", "rules", "statistics", "run"}}};
+    {"findings", {"text", "report", "parse", "dictionary", "rules", "statistics", "run"}},
+    {"ui",
+     {"text", "report", "parse", "dictionary", "rules", "statistics", "run", "findings"}}};
 
 /// The one header of rules that every rule family may include.
 constexpr std::string_view CommonRulesHeader = "rules/checked_file.h";

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <stdexcept>
 
+#include "findings/findings_collector.h"
 #include "run/check_run.h"
 #include "support/fake_services.h"
 #include "text/comma_list.h"
@@ -63,8 +64,8 @@ void ReadListing(CheckResult& result) {
   }
 }
 
-CheckResult Run(FakeServices& services, const std::vector<NamedFile>& files,
-                CheckSettings settings) {
+/// Puts the files on the disk and names them as those to check.
+void PutFiles(FakeServices& services, const std::vector<NamedFile>& files, CheckSettings settings) {
   std::vector<std::string> names;
   for (const NamedFile& file : files) {
     services.disk.files[file.name] = file.content;
@@ -73,6 +74,11 @@ CheckResult Run(FakeServices& services, const std::vector<NamedFile>& files,
   settings.filesToCheck = Join(names, LineBreak);
   services.window.settings = std::move(settings);
   AddSchemas(services.disk);
+}
+
+CheckResult Run(FakeServices& services, const std::vector<NamedFile>& files,
+                CheckSettings settings) {
+  PutFiles(services, files, std::move(settings));
   CheckRun run(services.All());
   CheckResult result;
   result.status = static_cast<int>(run.ExecuteChecking());
@@ -153,6 +159,16 @@ CheckResult CheckTextAgainst(std::string_view schema, std::string_view text,
                              CheckSettings settings) {
   return CheckFilesAgainst(ReplaceAll(schema, "\n", LineBreak), {WithCrLf("test.ags", text)},
                            std::move(settings));
+}
+
+FindingsReport CollectFindings(const std::vector<NamedFile>& files, CheckSettings settings) {
+  FakeServices fakes;
+  PutFiles(fakes, files, std::move(settings));
+  FindingsCollector collector(fakes.environment);
+  Services services = fakes.All();
+  services.findings = &collector;
+  CheckRun(services).ExecuteChecking();
+  return collector.TakeReport();
 }
 
 std::string Lines(std::initializer_list<std::string_view> lines) {

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "findings/findings_report.h"
 #include "run/check_window.h"
 
 namespace quorvane::test {
@@ -48,6 +49,9 @@ CheckResult CheckFilesAgainst(std::string_view schema, const std::vector<NamedFi
 /// The same for a single file and with LF standing for CR LF.
 CheckResult CheckTextAgainst(std::string_view schema, std::string_view text,
                              CheckSettings settings = {});
+
+/// What a run over some files in memory, with their bytes as they are, hands over as data.
+FindingsReport CollectFindings(const std::vector<NamedFile>& files, CheckSettings settings = {});
 
 /// Joins lines with LF: CheckText(Lines({"...", "..."})).
 std::string Lines(std::initializer_list<std::string_view> lines);

@@ -1,0 +1,114 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "findings/text_store.h"
+#include "report/message.h"
+#include "run/check_file.h"
+#include "run/check_window.h"
+
+namespace quorvane {
+
+/// What a run found, as records: what the writers of all formats and the window's table read. It
+/// stands on its own: nothing in it points into the files that were checked. All texts are UTF-8;
+/// lines, columns, groups and headings count from 1 and are 0 where there is none.
+
+/// One heading of a group.
+struct HeadingRecord {
+  std::string name;
+  std::string unit;
+  std::string type;  // AGS 4 only
+};
+
+/// One group of a file.
+struct GroupRecord {
+  std::string name;  // without the "?" of a non-standard group
+  std::vector<HeadingRecord> headings;
+};
+
+/// One finding. Its texts belong to the file's record.
+struct FindingRecord {
+  const MessageDefinition* definition = nullptr;
+  std::string_view text;
+  std::string_view key;  // of the row, its values joined by commas; empty without a row
+  std::int32_t line = 0;
+  std::int32_t column = 0;    // of the cell's first character in the line, in characters
+  std::int32_t group = 0;     // in the file's groups
+  std::int32_t heading = 0;   // in the group's headings
+  std::uint32_t section = 0;  // index into the file's sections
+  Severity severity = Severity::Error;
+};
+
+/// A line of a file with a finding.
+struct LineRecord {
+  std::int32_t line = 0;
+  bool isCut = false;  // it is longer than what is kept of it
+  std::string_view text;
+};
+
+/// The number of findings of each severity.
+struct SeverityCounts {
+  std::int64_t errors = 0;
+  std::int64_t warnings = 0;
+  std::int64_t fyis = 0;
+  std::int64_t plain = 0;  // remarks without a label
+
+  void Add(Severity severity);
+  std::int64_t Total() const { return errors + warnings + fyis + plain; }
+
+  friend bool operator==(const SeverityCounts&, const SeverityCounts&) = default;
+};
+
+/// One file of a run.
+struct FileRecord {
+  std::string path;
+  bool isComplete = false;  // it was checked to the end
+  std::string reason;       // why it was not
+
+  bool wasRead = false;  // the size and the hash are known
+  std::uint64_t size = 0;
+  std::string sha256;  // of its bytes, in hexadecimal digits
+
+  std::optional<AgsFormat> format;  // nothing when it was not decided
+  std::string statedVersion;        // "3.1", "4.1": what the file itself says; empty when not read
+  std::string dictionary;           // path of the schema; empty for the AGS 3 one of the program
+  std::string edition;              // of the schema, when it is one that comes with the program
+
+  SeverityCounts counts;
+  std::vector<std::string> sections;
+  std::vector<GroupRecord> groups;
+  std::vector<FindingRecord> findings;  // in the order of the report
+  std::vector<LineRecord> lines;        // those with findings, ascending
+
+  TextStore texts;  // of findings and lines
+
+  /// The record of a line; nothing when it has no finding.
+  const LineRecord* FindLine(std::int32_t line) const;
+  /// The names of a finding's group and heading; empty where there is none.
+  std::string_view GroupName(const FindingRecord& finding) const;
+  std::string_view HeadingName(const FindingRecord& finding) const;
+  /// The rule of the format that a finding serves; empty when none.
+  std::string_view Rule(const FindingRecord& finding) const;
+  const std::string& Section(const FindingRecord& finding) const;
+};
+
+/// A whole run.
+struct FindingsReport {
+  std::string programVersion;
+  std::chrono::system_clock::time_point start;
+  CheckSettings settings;
+  std::vector<FileRecord> files;  // in the order of the run, those that could not be read included
+  CheckStatus status = CheckStatus::NotDone;
+
+  SeverityCounts Counts() const;
+};
+
+/// The word for a severity in data: "error", "warning", "fyi", or "remark" for one without a label.
+std::string_view SeverityWord(Severity severity);
+
+}  // namespace quorvane
