@@ -1,12 +1,15 @@
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <exception>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <CLI/CLI.hpp>
 
+#include "dictionary/schema_edition.h"
 #include "run/check_file.h"
 #include "run/environment.h"
 #include "run/standard_streams.h"
@@ -18,6 +21,7 @@
 #include "ui/command_line.h"
 #include "ui/console.h"
 #include "ui/console_run.h"
+#include "ui/edition_listing.h"
 #include "ui/program_start.h"
 #include "ui/settings_file.h"
 #include "ui/written_path.h"
@@ -30,6 +34,8 @@ constexpr int NothingDone = static_cast<int>(CheckStatus::NotDone);
 struct Options {
   std::vector<std::string> files;
   std::string dictionary;
+  std::string edition;
+  bool whichEdition = false;
   std::vector<std::string> listings;
   bool noFyi = false;
   bool statistics = false;
@@ -42,13 +48,49 @@ std::string RefuseEmpty(const std::string& path) {
   return path.empty() ? "the path is empty" : "";
 }
 
+/// What may stand behind --edition.
+std::vector<std::string> EditionWishes() {
+  std::vector<std::string> wishes;
+  wishes.reserve(SchemaEditions.size() + 1);
+  for (const SchemaEdition& known : SchemaEditions)
+    wishes.emplace_back(known.edition);
+  wishes.emplace_back(StatedEdition);
+  return wishes;
+}
+
+void DescribeDictionaries(CLI::App& app, Options& options) {
+  app.add_option("--dictionary", options.dictionary, "Check against this schema file")
+      ->check(RefuseEmpty)
+      ->type_name("SCHEMA");
+  app.add_option("--edition", options.edition,
+                 "Check AGS 4 files against this edition; auto: the one that TRAN_AGS names")
+      ->check(CLI::IsMember(EditionWishes()))
+      ->type_name("EDITION");
+  app.add_flag("--which-edition", options.whichEdition,
+               "Check nothing; list how many groups and headings of each AGS 4 file each edition "
+               "knows");
+}
+
+/// Throws where options stand together that cannot both be followed.
+void RefuseContradiction(const CLI::App& app) {
+  constexpr std::array<std::pair<const char*, const char*>, 7> contradictions{
+      {{"--edition", "--dictionary"},
+       {"--which-edition", "--dictionary"},
+       {"--which-edition", "--edition"},
+       {"--which-edition", "--list"},
+       {"--which-edition", "--no-fyi"},
+       {"--which-edition", "--statistics"},
+       {"--which-edition", "--log"}}};
+  for (const auto& [option, other] : contradictions) {
+    if (app.count(option) > 0 && app.count(other) > 0) throw CLI::ExcludesError(option, other);
+  }
+}
+
 void Describe(CLI::App& app, Options& options) {
   app.allow_windows_style_options(false);  // "/" starts a path, on Windows too
   app.set_version_flag("--version", "quorvane-check " + std::string(ProgramVersion));
   app.add_option("FILE", options.files, "AGS 3 and AGS 4 data files");
-  app.add_option("--dictionary", options.dictionary, "Check against this schema file")
-      ->check(RefuseEmpty)
-      ->type_name("SCHEMA");
+  DescribeDictionaries(app, options);
   app.add_option("--list", options.listings,
                  "Listings wanted: groups, lines, severity (separated by commas; default groups)")
       ->delimiter(',')
@@ -89,6 +131,10 @@ void ApplyOptions(Disk& disk, const Options& options, RunSettings& settings) {
     controls.useCustomDictionary = true;
     controls.customDictionary = PathToRead(disk, options.dictionary);
   }
+  if (!options.edition.empty()) {
+    controls.useCustomDictionary = false;
+    controls.edition = options.edition;
+  }
   if (!options.logFile.empty()) settings.logFile = PathToWrite(options.logFile);
 }
 
@@ -126,6 +172,7 @@ int Main(const std::vector<std::string>& arguments) {
   const SortedArguments sorted = SortArguments(arguments);
   try {
     app.parse(std::vector<std::string>(sorted.others.rbegin(), sorted.others.rend()));
+    RefuseContradiction(app);
   } catch (const CLI::ParseError& outcome) {
     return app.exit(outcome) == 0 ? 0 : NothingDone;
   }
@@ -134,6 +181,9 @@ int Main(const std::vector<std::string>& arguments) {
   const std::optional<RunSettings> settings =
       SettingsOf(disk, options, SplitCommandLine(sorted.forOptionWords));
   if (!settings) return NothingDone;
+  if (options.whichEdition) {
+    return ListEditionsOnConsole(disk, environment, settings->controls.filesToCheck);
+  }
   return CheckOnConsole(disk, environment, *settings, LogOutput::StandardOutput);
 }
 

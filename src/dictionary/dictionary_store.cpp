@@ -18,16 +18,9 @@ constexpr char FolderSeparator = '/';
 std::string SchemaPath(const DictionaryChoice& choice, std::string_view programFolder) {
   if (!Trim(choice.customSchema).empty()) return std::string(Trim(choice.customSchema));
   if (choice.format == AgsFormat::Ags3) return {};
-  const SchemaEdition& edition = SchemaEditions[choice.isAgs404 ? 1 : 0];
+  const SchemaEdition& usual = SchemaEditions[choice.isAgs404 ? 1 : 0];
+  const SchemaEdition& edition = choice.edition == nullptr ? usual : *choice.edition;
   return std::string(programFolder) + FolderSeparator + std::string(edition.fileName);
-}
-
-std::string_view EditionOfSchema(std::string_view path) {
-  const std::string_view fileName = path.substr(path.find_last_of("\\/") + 1);
-  for (const SchemaEdition& edition : SchemaEditions) {
-    if (EqualsIgnoringCase(fileName, edition.fileName)) return edition.edition;
-  }
-  return {};
 }
 
 AgsDictionary BuildAgsDictionary(Disk& disk, const DictionaryChoice& choice,

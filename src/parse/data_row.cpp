@@ -11,34 +11,6 @@ namespace {
 
 constexpr std::string_view ContinuationMark = "<CONT>";
 
-/// Position of the quote that closes the well-formed field whose opening quote stands at a
-/// position; npos when the field is not enclosed in quotes or holds a quote that is not doubled.
-std::size_t EndOfWellFormedField(std::string_view line, std::size_t start) {
-  if (start >= line.size() || line[start] != '"') return std::string_view::npos;
-  std::size_t quote = line.find('"', start + 1);
-  while (quote != std::string_view::npos && line.substr(quote + 1).starts_with('"')) {
-    quote = line.find('"', quote + 2);
-  }
-  return quote;
-}
-
-/// Adds the fields from a 1-based position on when all of them are well formed, else nothing.
-bool ReadWellFormedFields(std::string_view line, std::size_t position,
-                          std::vector<std::string_view>& values) {
-  const std::size_t countBefore = values.size();
-  std::size_t start = position - 1;
-  std::size_t end = EndOfWellFormedField(line, start);
-  while (end != std::string_view::npos) {
-    values.push_back(line.substr(start + 1, end - start - 1));
-    if (end + 1 == line.size()) return true;
-    if (line[end + 1] != ',') break;
-    start = end + 2;
-    end = EndOfWellFormedField(line, start);
-  }
-  values.resize(countBefore);
-  return false;
-}
-
 /// Adds a line's first fields as far as no rule has anything to say about their quotes: enclosed in
 /// quotes, without one inside, and before a comma or the line's end. Returns the 1-based position
 /// behind them, 0 when the line is used up.

@@ -54,6 +54,22 @@ RawField ReadRawField(std::string_view line, std::size_t position) {
   return field;
 }
 
+/// Position of the quote that closes the well-formed field whose opening quote stands at a
+/// position; npos when the field is not enclosed in quotes or holds a quote that is not doubled.
+std::size_t EndOfWellFormedField(std::string_view line, std::size_t start) {
+  if (start >= line.size() || line[start] != '"') return std::string_view::npos;
+  std::size_t quote = line.find('"', start + 1);
+  while (quote != std::string_view::npos && line.substr(quote + 1).starts_with('"')) {
+    quote = line.find('"', quote + 2);
+  }
+  return quote;
+}
+
+/// The value as it counts: one of blanks only is none.
+std::string_view CountedValue(std::string_view value) {
+  return Trim(value).empty() ? std::string_view() : value;
+}
+
 }  // namespace
 
 ClosingQuote FindClosingQuote(std::string_view line, std::size_t openingQuote) {
@@ -127,6 +143,43 @@ ProtectedLine ProtectDoubledQuotes(std::string_view line) {
   text = ReplaceAll(text, LastEmptyFieldToken, DoubledQuote);
   const bool restore = text != line;
   return {std::move(text), restore};
+}
+
+bool ReadWellFormedFields(std::string_view line, std::size_t position,
+                          std::vector<std::string_view>& values) {
+  const std::size_t countBefore = values.size();
+  std::size_t start = position - 1;
+  std::size_t end = EndOfWellFormedField(line, start);
+  while (end != std::string_view::npos) {
+    values.push_back(line.substr(start + 1, end - start - 1));
+    if (end + 1 == line.size()) return true;
+    if (line[end + 1] != ',') break;
+    start = end + 2;
+    end = EndOfWellFormedField(line, start);
+  }
+  values.resize(countBefore);
+  return false;
+}
+
+std::vector<std::string> SplitFields(std::string_view line) {
+  std::vector<std::string> values;
+  std::vector<std::string_view> wellFormed;
+  if (ReadWellFormedFields(line, 1, wellFormed)) {
+    for (const std::string_view value : wellFormed)
+      values.emplace_back(CountedValue(value));
+    return values;
+  }
+  const ProtectedLine protectedLine = ProtectDoubledQuotes(line);
+  std::size_t position = 1;
+  while (position != 0) {
+    const RawField field = ReadRawField(protectedLine.text, position);
+    position = field.nextPosition;
+    values.emplace_back(CountedValue(field.value));
+    if (protectedLine.restoreDoubledQuotes) {
+      values.back() = ReplaceAll(values.back(), DoubledQuoteToken, DoubledQuote);
+    }
+  }
+  return values;
 }
 
 std::string QuoteField(std::string_view value, std::string_view delimiter, bool isFirst) {

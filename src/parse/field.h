@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "report/message_log.h"
 
@@ -50,6 +51,16 @@ ProtectedLine ProtectDoubledQuotes(std::string_view line);
 /// its doubled quotes are empty fields and nothing in it could be taken for a placeholder. Of those
 /// before an offset, where a field begins, the former must be known.
 bool HoldsOnlyEmptyFields(std::string_view line, std::size_t offset = 0);
+
+/// Adds the fields from a 1-based position on when all of them are well formed, which means
+/// enclosed in quotes and holding none but doubled ones, which stay doubled; else adds nothing and
+/// returns false. In an AGS 4 line they are read in this way wherever they can be.
+bool ReadWellFormedFields(std::string_view line, std::size_t position,
+                          std::vector<std::string_view>& values);
+
+/// The values of all fields of an AGS 4 line as they stand in the group table, for readers that
+/// report nothing.
+std::vector<std::string> SplitFields(std::string_view line);
 
 /// A value as a field of written text: enclosed in double quotes, each double quote doubled, when
 /// it holds the delimiter, a double quote or a line feed; CR LF becomes LF. All but the first field

@@ -1,5 +1,8 @@
 #include "parse/row_label.h"
 
+#include <vector>
+
+#include "parse/field.h"
 #include "text/text.h"
 
 namespace quorvane {
@@ -24,6 +27,11 @@ bool IsTypeRow(std::string_view line) {
 }
 bool IsDataRow(std::string_view line) {
   return IsRowLabel(line, DataLabel);
+}
+
+std::string NameInGroupRow(std::string_view row) {
+  const std::vector<std::string> fields = SplitFields(row);
+  return fields.size() < 2 ? std::string() : UpperCase(Trim(fields[1]));
 }
 
 bool IsGroupLine(std::string_view line) {

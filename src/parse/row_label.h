@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace quorvane {
@@ -20,6 +21,10 @@ bool IsHeadingRow(std::string_view line);
 bool IsUnitRow(std::string_view line);
 bool IsTypeRow(std::string_view line);
 bool IsDataRow(std::string_view line);
+
+/// The name in an AGS 4 group row, trimmed and in upper case as the name rules correct it; empty
+/// when the row has none.
+std::string NameInGroupRow(std::string_view row);
 
 /// True when the line begins as a group line of the common form: `"**` or `**`.
 bool IsGroupLine(std::string_view line);

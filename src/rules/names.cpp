@@ -230,6 +230,12 @@ bool CheckHeadingCharacters(CheckedFile& file, const MessagePlace& place, std::i
   return false;
 }
 
+bool HasHeading(const DictGroup& group, std::string_view heading) {
+  const std::string_view dictionaryName = DictionaryNameOf(heading);
+  // An empty name is no member of any list.
+  return !dictionaryName.empty() && group.HeadingPosition(dictionaryName) != 0;
+}
+
 void CheckHeadingInDictionary(CheckedFile& file, const MessagePlace& place, std::int32_t lineNumber,
                               std::string_view heading) {
   const Group& group = file.table.At(place.group);
@@ -242,9 +248,8 @@ void CheckHeadingInDictionary(CheckedFile& file, const MessagePlace& place, std:
     return;
   }
   const DictGroup& dictGroup = file.dictionary.Group(group.dictionaryIndex);
+  if (HasHeading(dictGroup, heading)) return;
   const std::string_view dictionaryName = DictionaryNameOf(heading);
-  // An empty name is no member of any list.
-  if (!dictionaryName.empty() && dictGroup.HeadingPosition(dictionaryName) != 0) return;
   if (file.IsAgs4()) {
     file.NonStandardHeadingList.push_back({place.group, std::string(dictionaryName)});
   } else {

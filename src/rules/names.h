@@ -36,6 +36,10 @@ bool CheckHeadingName(CheckedFile& file, const MessagePlace& place, std::int32_t
 bool CheckHeadingCharacters(CheckedFile& file, const MessagePlace& place, std::int32_t lineNumber,
                             std::string_view heading);
 
+/// Whether a dictionary group has a heading, under its own name or under the one that the
+/// dictionary has for it.
+bool HasHeading(const DictGroup& group, std::string_view heading);
+
 /// Looks a valid heading up in its group's dictionary entry (Rule 5). Only for groups that the
 /// dictionary knows.
 void CheckHeadingInDictionary(CheckedFile& file, const MessagePlace& place, std::int32_t lineNumber,

@@ -95,7 +95,7 @@ class FileCheck {
     if (checked_) WriteDifferences(*checked_);
     if (intake_.hasFailed) {
       runLog_.AppendProgress("Could not continue with further checking.");
-      services_.messages.Note(file_.path + ": " + intake_.reason);
+      Note(intake_.reason);
     }
     runLog_.AppendProgress(ClosingLine);
     if (settings_.showStatistics && checked_) WriteStatistics(*checked_);
@@ -120,7 +120,7 @@ class FileCheck {
   /// A file that cannot be checked further keeps its dictionary and an empty group table.
   void PrepareFile() {
     const DetectedVersion& version = *intake_.version;
-    const DictionaryChoice choice = ChooseDictionary(version, settings_);
+    const DictionaryChoice& choice = intake_.dictionary;
     checked_.emplace(intake_.text, version.format, dictionaries_.Get(choice), log_);
     checked_->versionText = checked_->IsAgs4() ? "4" : "3";
     checked_->isDictionaryNamed = !Trim(choice.customSchema).empty();
@@ -136,7 +136,7 @@ class FileCheck {
     if (file.delimiter.empty()) file.delimiter = "|";
     if (file.concatenator.empty()) file.concatenator = "+";
     runLog_.AppendProgress("File AGS Version: " + file.versionText + std::string(LineBreak));
-    NoteOtherEdition(file);
+    NoteEdition(file);
     RunSteps(ChecksAfterVersion, file);
   }
 
@@ -146,15 +146,36 @@ class FileCheck {
     });
   }
 
-  /// An AGS 4 file is checked against the schema of the run, whatever edition it names: whoever
-  /// reads an unattended run's output should know.
-  void NoteOtherEdition(const CheckedFile& file) const {
+  /// Whoever reads an unattended run's output should know against which edition an AGS 4 file was
+  /// checked where the file names another one or its own was to be found out.
+  void NoteEdition(const CheckedFile& file) const {
     const std::string_view edition = EditionOfSchema(intake_.schemaPath);
-    const std::string_view stated = Trim(file.versionText);
-    if (!file.IsAgs4() || edition.empty() || stated == "4" || stated == edition) return;
-    services_.messages.Note(file_.path + ": TRAN_AGS is \"" + std::string(stated) +
-                            "\", the file was checked against the schema of edition " +
-                            std::string(edition));
+    if (!file.IsAgs4() || edition.empty()) return;
+    if (settings_.edition == StatedEdition && !file.isDictionaryNamed) {
+      NoteStatedEdition(edition);
+    } else {
+      NoteOtherEdition(edition, Trim(file.versionText));
+    }
+  }
+
+  void NoteStatedEdition(std::string_view edition) const {
+    const std::string against = "the file was checked against the schema of edition ";
+    if (intake_.dictionary.edition != nullptr) {
+      Note(against + std::string(edition) + ", as TRAN_AGS says");
+    } else {
+      Note("TRAN_AGS names no edition that comes with the program, " + against +
+           std::string(edition));
+    }
+  }
+
+  void NoteOtherEdition(std::string_view edition, std::string_view stated) const {
+    if (stated == "4" || stated == edition) return;
+    Note("TRAN_AGS is \"" + std::string(stated) +
+         "\", the file was checked against the schema of edition " + std::string(edition));
+  }
+
+  void Note(const std::string& remark) const {
+    services_.messages.Note(file_.path + ": " + remark);
   }
 
   void WriteDifferences(const CheckedFile& file) {

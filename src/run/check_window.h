@@ -7,6 +7,9 @@
 
 namespace quorvane {
 
+/// The wish that an AGS 4 file is checked against the edition that it states under TRAN_AGS.
+inline constexpr std::string_view StatedEdition = "auto";
+
 /// What the controls of the main window, or the options of the console program, say.
 struct CheckSettings {
   std::string filesToCheck;  // one path per line
@@ -15,6 +18,9 @@ struct CheckSettings {
   bool showStatistics = false;
   bool useCustomDictionary = false;
   std::string customDictionary;  // path of a schema file
+  /// The number of one of SchemaEditions, or StatedEdition: what AGS 4 files are checked against
+  /// when no custom dictionary is used. Empty for the usual edition.
+  std::string edition;
 };
 
 /// The main window as a check run sees it; the console program has one without a screen.

@@ -2,16 +2,15 @@
 
 #include <utility>
 
+#include "run/data_file.h"
 #include "run/intake_messages.h"
 #include "run/row_order.h"
+#include "run/stated_version.h"
 #include "text/number.h"
 #include "text/text.h"
 
 namespace quorvane {
 namespace {
-
-/// A file must be shorter than this, in bytes.
-constexpr std::uint64_t SizeLimit = 2147483647;
 
 const std::string ClosingLine = std::string(39, '*') + "\r\n";
 
@@ -27,27 +26,24 @@ class Intake {
 
   /// Reads the file and splits it into lines; false when it cannot be read.
   bool Read() {
-    facts_ = services_.disk.Examine(file_.path);
-    if (!facts_.exists) return RefuseMissing("File not found");
-    if (facts_.obstacle) return RefuseMissing(facts_.obstacle->description);
-    if (facts_.size >= SizeLimit) return Refuse("File is too large for free Quorvane ( > 2GB ).");
-    Disk::Reading reading = services_.disk.Read(file_.path);
-    if (reading.failure) return RefuseMissing(reading.failure->description);
-    size_ = reading.content.Size();
-    intake_.text = FileText(std::move(reading.content));
-    intake_.wasRead = true;
-    return true;
+    DataFile read = ReadDataFile(services_.disk, file_.path);
+    lastChange_ = read.lastChange;
+    size_ = read.size;
+    intake_.text = std::move(read.text);
+    intake_.wasRead = read.refusal.empty();
+    if (read.isTooLarge) return Refuse(read.refusal);
+    return read.refusal.empty() || RefuseMissing(read.refusal);
   }
 
   bool DecideVersion() {
     intake_.version = DetectVersion(intake_.text);
-    return intake_.version || Refuse("File is not an AGS 3 or 4 format file");
+    return intake_.version || Refuse(std::string(NotAnAgsFile));
   }
 
   void WriteHeaderBlock() {
     std::string block = FileLine(file_);
     block.append(LineBreak).append("Date:  ");
-    block.append(services_.environment.FormatDateTime(facts_.lastChange));
+    block.append(services_.environment.FormatDateTime(lastChange_));
     block.append(LineBreak).append("Size:  ").append(GroupedCount(size_)).append(" bytes");
     block.append(LineBreak).append("Number of Lines:  ");
     block.append(GroupedCount(static_cast<std::uint64_t>(intake_.text.LineCount())));
@@ -72,7 +68,7 @@ class Intake {
   RunLog& runLog_;
   const FileToCheck& file_;
   FileIntake& intake_;
-  FileFacts facts_;
+  FileTime lastChange_;
   std::uint64_t size_ = 0;
 };
 
@@ -88,9 +84,15 @@ void CheckFileName(MessageLog& log, std::string_view path) {
   }
 }
 
-DictionaryChoice ChooseDictionary(const DetectedVersion& version, const CheckSettings& settings) {
-  return {version.format, version.isAgs404,
-          settings.useCustomDictionary ? settings.customDictionary : std::string()};
+DictionaryChoice ChooseDictionary(const FileText& file, const DetectedVersion& version,
+                                  const CheckSettings& settings) {
+  DictionaryChoice choice{version.format, version.isAgs404, {}};
+  if (settings.useCustomDictionary) choice.customSchema = settings.customDictionary;
+  const bool hasWish = !settings.edition.empty() && Trim(choice.customSchema).empty();
+  if (version.format == AgsFormat::Ags3 || !hasWish) return choice;
+  choice.edition = settings.edition == StatedEdition ? FindStatedEdition(StatedVersion(file))
+                                                     : FindSchemaEdition(settings.edition);
+  return choice;
 }
 
 void CheckFileFailedFnB(const Services& services, DictionaryStore& dictionaries, RunLog& runLog,
@@ -100,12 +102,12 @@ void CheckFileFailedFnB(const Services& services, DictionaryStore& dictionaries,
 
   const AgsFormat format = intake.version->format;
   log.SetFormat(format);
+  intake.dictionary = ChooseDictionary(intake.text, *intake.version, services.window.Settings());
   if (intake.text.HadByteOrderMark()) log.AddMessage(1, ByteOrderMarkIgnored);
   bool isFatal = format == AgsFormat::Ags4 && CheckRowLabels(intake.text, log);
 
-  const DictionaryChoice choice = ChooseDictionary(*intake.version, services.window.Settings());
-  intake.schemaPath = SchemaPath(choice, dictionaries.ProgramFolder());
-  dictionaries.Get(choice);
+  intake.schemaPath = SchemaPath(intake.dictionary, dictionaries.ProgramFolder());
+  dictionaries.Get(intake.dictionary);
 
   reader.WriteHeaderBlock();
   CheckFileName(log, file.path);

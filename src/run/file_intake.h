@@ -22,7 +22,8 @@ struct FileToCheck {
 struct FileIntake {
   FileText text;
   std::optional<DetectedVersion> version;  // nothing when it was not decided
-  std::string schemaPath;                  // of the file's dictionary; empty for the AGS 3 one
+  DictionaryChoice dictionary;             // when the version was decided
+  std::string schemaPath;                  // of the dictionary; empty for the AGS 3 one
   bool wasRead = false;                    // the text is that of the file
   bool hasFailed = true;
   std::string reason = "unexpected failure";  // why the file cannot be checked
@@ -34,8 +35,10 @@ struct FileIntake {
 void CheckFileFailedFnB(const Services& services, DictionaryStore& dictionaries, RunLog& runLog,
                         MessageLog& log, const FileToCheck& file, FileIntake& intake);
 
-/// The dictionary that a file is checked against.
-DictionaryChoice ChooseDictionary(const DetectedVersion& version, const CheckSettings& settings);
+/// The dictionary that a file is checked against. The rows of an AGS 4 file must still bear their
+/// labels: they are looked at where the edition that the file states is wanted.
+DictionaryChoice ChooseDictionary(const FileText& file, const DetectedVersion& version,
+                                  const CheckSettings& settings);
 
 /// Checks that a path's file name ends in ".AGS", in any letter case.
 void CheckFileName(MessageLog& log, std::string_view path);

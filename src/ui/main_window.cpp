@@ -8,11 +8,14 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QToolButton>
 
+#include "dictionary/dictionary_store.h"
 #include "text/comma_list.h"
 #include "text/text.h"
 #include "ui/byte_text.h"
@@ -72,6 +75,9 @@ void MainWindow::ConnectControls() {
   }
   connect(controls_.cmdFileToCheck, &QPushButton::clicked, this, &MainWindow::SelectDataFiles);
   connect(controls_.cmdSelectDataDict, &QPushButton::clicked, this, &MainWindow::SelectSchema);
+  connect(controls_.cmdEditions->menu(), &QMenu::triggered, this, [this](const QAction* action) {
+    SelectEdition(SchemaEditions[action->data().toUInt()]);
+  });
   connect(controls_.txtFilesToCheck, &QPlainTextEdit::textChanged, this,
           &MainWindow::UpdateControls);
   connect(controls_.txtAgsDataDictionary, &QLineEdit::textChanged, this,
@@ -254,6 +260,14 @@ void MainWindow::SelectSchema() {
   if (const auto path = services_.pickers.ChooseFileToOpen(SchemaTitle, SchemaFilter)) {
     controls_.txtAgsDataDictionary->setText(PathText(*path));
   }
+}
+
+/// The schema of an edition is to the run like any that the user has named.
+void MainWindow::SelectEdition(const SchemaEdition& edition) {
+  const DictionaryChoice choice{AgsFormat::Ags4, false, {}, &edition};
+  const std::string path = SchemaPath(choice, services_.environment.ProgramFolder());
+  controls_.chkUseCustomDict->setChecked(true);
+  controls_.txtAgsDataDictionary->setText(PathText(path));
 }
 
 /// Files that are in the list already are not added again.

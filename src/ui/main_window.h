@@ -14,6 +14,7 @@ namespace quorvane {
 
 class Desktop;
 class FilePickers;
+struct SchemaEdition;
 
 /// What the window needs from the program around it. All of it must outlive the window.
 struct WindowServices {
@@ -69,6 +70,7 @@ class MainWindow : public QWidget, private CheckWindow {
   void RunAutomatically();
   void SelectDataFiles();
   void SelectSchema();
+  void SelectEdition(const SchemaEdition& edition);
   void AddFiles(const std::vector<std::string>& paths);
   void UpdateControls();
   void ShowTitle();

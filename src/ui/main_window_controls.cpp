@@ -8,10 +8,14 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QToolButton>
 #include <QVBoxLayout>
 
+#include "dictionary/schema_edition.h"
+#include "ui/byte_text.h"
 #include "ui/progress_view.h"
 
 namespace quorvane {
@@ -91,6 +95,23 @@ void BuildFiles(MainWindowControls& controls, QGridLayout& grid) {
   grid.setRowStretch(1, 1);
 }
 
+QToolButton* BuildEditions(QWidget* parent) {
+  auto* button = new QToolButton(parent);
+  SetUp(*button,
+        {"cmdEditions", nullptr, "Check against an edition of AGS 4 that comes with the program"});
+  button->setText(QStringLiteral("&Editions"));
+  button->setAccessibleName(QStringLiteral("Editions of AGS 4"));
+  button->setFocusPolicy(Qt::StrongFocus);
+  button->setPopupMode(QToolButton::InstantPopup);
+  auto* menu = new QMenu(button);
+  for (std::size_t index = 0; index < SchemaEditions.size(); ++index) {
+    const QString caption = QStringLiteral("AGS ") + ShownText(SchemaEditions[index].edition);
+    menu->addAction(caption)->setData(static_cast<int>(index));
+  }
+  button->setMenu(menu);
+  return button;
+}
+
 void BuildDictionary(MainWindowControls& controls, QGridLayout& grid) {
   QWidget* parent = controls.options;
   controls.chkUseCustomDict = MakeButton<QCheckBox>(
@@ -103,11 +124,15 @@ void BuildDictionary(MainWindowControls& controls, QGridLayout& grid) {
   controls.txtAgsDataDictionary->setAccessibleName(QStringLiteral("Custom dictionary"));
   controls.txtAgsDataDictionary->setAcceptDrops(false);
 
+  controls.cmdEditions = BuildEditions(parent);
   controls.cmdSelectDataDict = MakePushButton(parent, {"cmdSelectDataDict", "Select &Schema...",
                                                        "Choose the schema file to check against"});
+  auto* path = new QHBoxLayout;
+  path->addWidget(controls.txtAgsDataDictionary, 1);
+  path->addWidget(controls.cmdEditions);
   const int row = grid.rowCount();
   grid.addWidget(controls.chkUseCustomDict, row, 0);
-  grid.addWidget(controls.txtAgsDataDictionary, row, TextColumn);
+  grid.addLayout(path, row, TextColumn);
   grid.addWidget(controls.cmdSelectDataDict, row, ButtonColumn);
   grid.setColumnStretch(TextColumn, 1);
 }

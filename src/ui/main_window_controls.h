@@ -8,6 +8,7 @@ class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
+class QToolButton;
 class QWidget;
 
 namespace quorvane {
@@ -24,6 +25,7 @@ struct MainWindowControls {
   QPushButton* cmdFileToCheck = nullptr;
   QCheckBox* chkUseCustomDict = nullptr;
   QLineEdit* txtAgsDataDictionary = nullptr;
+  QToolButton* cmdEditions = nullptr;  // its menu's entries hold their place in SchemaEditions
   QPushButton* cmdSelectDataDict = nullptr;
   std::array<QCheckBox*, 3> chkMessageListing{};
   QCheckBox* chkShowStats = nullptr;

@@ -26,6 +26,35 @@ CLEAN = "\r\n".join([
     '']).encode()
 
 
+SCHEMAS = {"4.0.3": "ags4 dict.gas", "4.0.4": "ags404 dict.gas", "4.1": "ags41 dict.gas",
+           "4.1.1": "ags411 dict.gas", "4.2": "ags42 dict.gas"}
+
+# Groups that all editions know, with headings of which no two editions know the same ones.
+EDITION_MARKS = {"LOCA": ["LOCA_ID", "LOCA_NATD", "LOCA_GLDT"], "CONG": ["LOCA_ID", "CONG_DEV"],
+                 "GCHM": ["LOCA_ID", "GCHM_RDEV"]}
+KNOWN_MARKS = {"4.0.3": set(), "4.0.4": {"LOCA_NATD"},
+               "4.1": {"LOCA_NATD", "CONG_DEV", "GCHM_RDEV"}, "4.1.1": {"LOCA_NATD", "CONG_DEV"},
+               "4.2": {"LOCA_NATD", "CONG_DEV", "LOCA_GLDT"}}
+
+
+def ags4_file(version="4.0.3"):
+    """An AGS 4 file that states a version (None: it has no TRAN group) and uses EDITION_MARKS."""
+    groups = {"PROJ": (["PROJ_ID"], ["P1"])}
+    if version is not None:
+        groups["TRAN"] = (["TRAN_ISNO", "TRAN_AGS"], ["1", version])
+    for group, headings in EDITION_MARKS.items():
+        groups[group] = (headings, ["BH1"] + [""] * (len(headings) - 1))
+    lines = []
+    for group, (headings, values) in groups.items():
+        lines.append(["GROUP", group])
+        lines.append(["HEADING", *headings])
+        lines.append(["UNIT"] + [""] * len(headings))
+        lines.append(["TYPE"] + ["X"] * len(headings))
+        lines.append(["DATA", *values])
+        lines.append([])
+    return "\r\n".join(",".join(f'"{field}"' for field in line) for line in lines).encode()
+
+
 # A group of no use without data rows: an FYI message.
 EMPTY_GROUP = b'\r\n"**DREM"\r\n"*HOLE_ID"\r\n"<UNITS>"\r\n'
 
@@ -160,7 +189,7 @@ class ConsoleTest(ConsoleCase):
                          [b"quorvane-check", b"10.00.01.07"])
         run = self.run_program("--help")
         self.assertEqual((run.returncode, run.stderr), (0, b""))
-        for option in (b"--dictionary", b"--list", b"--no-fyi", b"--statistics", b"--settings",
+        for option in (b"--dictionary", b"--edition", b"--which-edition", b"--list", b"--no-fyi", b"--statistics", b"--settings",
                        b"--log", b"/SETTINGSFILE="):
             self.assertIn(option, run.stdout)
 
@@ -176,6 +205,143 @@ class ConsoleTest(ConsoleCase):
         self.write("own.ags", CLEAN + b"\r\n".join(groups) + b"\r\n")
         run = self.run_program("own.ags")
         self.assertIn(b"own.ags: group ?SOAK names no parent group; HOLE was taken", run.stderr)
+
+
+class EditionTest(ConsoleCase):
+    """Runs for an edition of AGS 4, and the question which edition a file is of."""
+
+    DIFFERENCES = b"in custom dictionary that did not match"
+
+    def schema(self, edition):
+        return str(PROGRAM.parent / SCHEMAS[edition])
+
+    def check(self, *arguments, name="site.ags"):
+        """Checks a file; its lines without dates, and what stands on the error stream."""
+        run = self.run_program(*arguments, name)
+        self.assertIn(run.returncode, (0, 1), run.stderr)
+        return without_dates(run.stdout), run.stderr.decode().splitlines()
+
+    def known_marks(self, report):
+        """The headings of EDITION_MARKS of which a report says nothing."""
+        marks = {heading for headings in EDITION_MARKS.values() for heading in headings[1:]}
+        text = b"\n".join(report).decode()
+        return {mark for mark in marks if mark not in text}
+
+    def test_each_edition_is_the_one_checked_against(self):
+        self.write("site.ags", ags4_file("4.0.3"))
+        for edition in SCHEMAS:
+            report, errors = self.check("--edition", edition)
+            self.assertEqual(self.known_marks(report), KNOWN_MARKS[edition], edition)
+            note = ('site.ags: TRAN_AGS is "4.0.3", the file was checked against the schema of '
+                    f"edition {edition}")
+            self.assertEqual(errors, [] if edition == "4.0.3" else [note])
+
+    def test_an_edition_gives_the_report_of_its_schema_without_lists_of_differences(self):
+        self.write("site.ags", ags4_file())
+        for edition in SCHEMAS:
+            report, _ = self.check("--edition", edition)
+            named, _ = self.check("--dictionary", self.schema(edition))
+            self.assertNotIn(self.DIFFERENCES, b"\n".join(report))
+            self.assertIn(self.DIFFERENCES, b"\n".join(named))
+            start = next(number for number, line in enumerate(named) if self.DIFFERENCES in line)
+            self.assertEqual(report[:start], named[:start])
+            self.assertEqual(report[start], b"*" * 39)
+
+    def test_without_the_option_the_edition_is_the_usual_one(self):
+        for version, edition in (("4.0.3", "4.0.3"), ("4.2", "4.0.3"), ("4.0.4", "4.0.4")):
+            self.write("site.ags", ags4_file(version))
+            self.assertEqual(self.check()[0], self.check("--edition", edition)[0])
+
+    def test_auto_takes_the_edition_that_the_file_states(self):
+        versions = [(edition, edition) for edition in SCHEMAS]
+        versions += [("AGS 4.1", "4.1"), ("4.1.0", "4.1"), ("4", "4.0.3"), (" 4.2 ", "4.2")]
+        for version, edition in versions:
+            self.write("site.ags", ags4_file(version))
+            report, errors = self.check("--edition", "auto")
+            self.assertEqual(report, self.check("--edition", edition)[0], version)
+            self.assertEqual(errors, ["site.ags: the file was checked against the schema of edition "
+                                      f"{edition}, as TRAN_AGS says"])
+
+    def test_auto_takes_the_usual_edition_where_the_file_states_none(self):
+        for version in ("4.9", "rubbish", "", None):
+            self.write("site.ags", ags4_file(version))
+            report, errors = self.check("--edition", "auto")
+            self.assertEqual(report, self.check()[0], version)
+            self.assertEqual(errors, [
+                "site.ags: TRAN_AGS names no edition that comes with the program, the file was "
+                "checked against the schema of edition 4.0.3"])
+
+    def test_auto_decides_for_each_file(self):
+        self.write("a.ags", ags4_file("4.1"))
+        self.write("b.ags", ags4_file("4.2"))
+        self.write("c.ags")
+        run = self.run_program("--edition", "auto", "a.ags", "b.ags", "c.ags")
+        self.assertEqual(run.stderr.decode().splitlines(), [
+            f"{name}: the file was checked against the schema of edition {edition}, as TRAN_AGS says"
+            for name, edition in (("a.ags", "4.1"), ("b.ags", "4.2"))])
+
+    def test_ags_3_files_are_checked_as_without_it(self):
+        self.write("site.ags", CLEAN + EMPTY_GROUP)
+        usual = self.check()
+        for edition in (*SCHEMAS, "auto"):
+            self.assertEqual(self.check("--edition", edition), usual)
+
+    def test_other_editions_are_refused(self):
+        self.write("site.ags", ags4_file())
+        for edition in ("4.0", "4.3", "3.1", "AUTO", ""):
+            run = self.run_program("--edition", edition, "site.ags")
+            self.assertEqual((run.returncode, run.stdout), (2, b""), edition)
+            self.assertIn(b"--edition", run.stderr)
+
+    def test_an_edition_and_a_dictionary_contradict_each_other(self):
+        self.write("site.ags", ags4_file())
+        run = self.run_program("--edition", "4.1", "--dictionary", self.schema("4.1"), "site.ags")
+        self.assertEqual((run.returncode, run.stdout), (2, b""))
+        self.assertIn(b"--edition excludes --dictionary", run.stderr)
+
+    def test_the_option_outranks_the_dictionary_of_a_settings_file(self):
+        self.write("site.ags", ags4_file("4.1"))
+        self.write("settings.txt", b"FILESTOCHECK=site.ags\r\nCUSTOMDICTIONARY=bad.gas\r\n")
+        run = self.run_program("--settings", "settings.txt", "--edition", "4.1")
+        self.assertEqual(without_dates(run.stdout), self.check("--edition", "4.1")[0])
+
+    def test_which_edition_counts_the_names_that_each_knows(self):
+        self.write("site.ags", ags4_file())
+        run = self.run_program("--which-edition", "site.ags")
+        self.assertEqual((run.returncode, run.stderr), (0, b""))
+        self.assertEqual(run.stdout.decode().splitlines(), [
+            "site.ags",
+            "  Edition  Groups          Headings",
+            "  4.0.3    5 of 5          6 of 10",
+            "  4.0.4    5 of 5          7 of 10",
+            "  4.1      5 of 5          9 of 10         most",
+            "  4.1.1    5 of 5          8 of 10",
+            "  4.2      5 of 5          9 of 10         most"])
+
+    def test_which_edition_goes_through_all_files_of_any_version(self):
+        self.write("site.ags", ags4_file())
+        self.write("old.ags")
+        run = self.run_program("--which-edition", "old.ags", "missing.ags", "site.ags")
+        self.assertEqual(run.returncode, 1)
+        self.assertEqual(run.stderr.decode().splitlines(), ["missing.ags: File not found"])
+        lines = run.stdout.decode().splitlines()
+        self.assertEqual(lines[:3], ["old.ags", "  AGS 3: editions do not apply", "site.ags"])
+        self.assertEqual(len(lines), 9)
+
+    def test_which_edition_takes_the_files_of_a_settings_file(self):
+        self.write("old.ags")
+        self.write("settings.txt", b"FILESTOCHECK=old.ags\r\nLOGFILE=log.txt\r\n")
+        run = self.run_program("--which-edition", "--settings", "settings.txt")
+        self.assertEqual(run.stdout, b"old.ags\n  AGS 3: editions do not apply\n")
+        self.assertFalse((self.folder / "log.txt").exists())
+
+    def test_which_edition_makes_no_report(self):
+        self.write("site.ags", ags4_file())
+        for options in (["--dictionary", self.schema("4.1")], ["--edition", "auto"],
+                        ["--list", "lines"], ["--no-fyi"], ["--statistics"], ["--log", "log.txt"]):
+            run = self.run_program("--which-edition", *options, "site.ags")
+            self.assertEqual((run.returncode, run.stdout), (2, b""), options)
+            self.assertIn(f"--which-edition excludes {options[0]}".encode(), run.stderr)
 
 
 class SettingsTest(ConsoleCase):

@@ -58,19 +58,15 @@ TEST(SchemaPath, ACustomSchemaGoesFirst) {
   EXPECT_EQ(SchemaPath(Ags404("  my folder/own.gas "), "/program"), "my folder/own.gas");
 }
 
-TEST(EditionOfSchema, IsToldByTheFileName) {
-  EXPECT_EQ(EditionOfSchema("/program/ags4 dict.gas"), "4.0.3");
-  EXPECT_EQ(EditionOfSchema("C:\\Program Files\\AGS404 Dict.GAS"), "4.0.4");
-  EXPECT_EQ(EditionOfSchema("ags41 dict.gas"), "4.1");
-  EXPECT_EQ(EditionOfSchema("a/ags411 dict.gas"), "4.1.1");
-  EXPECT_EQ(EditionOfSchema("a/ags42 dict.gas"), "4.2");
-}
-
-TEST(EditionOfSchema, IsUnknownForOtherFiles) {
-  EXPECT_EQ(EditionOfSchema(""), "");
-  EXPECT_EQ(EditionOfSchema("own.gas"), "");
-  EXPECT_EQ(EditionOfSchema("ags4 dict.gas/own.gas"), "");
-  EXPECT_EQ(EditionOfSchema("my ags4 dict.gas"), "");
+TEST(SchemaPath, IsThatOfTheEditionWantedForAgs4) {
+  for (const SchemaEdition& edition : SchemaEditions) {
+    for (const bool isAgs404 : {false, true}) {
+      EXPECT_EQ(SchemaPath({AgsFormat::Ags4, isAgs404, {}, &edition}, "/program"),
+                InProgramFolder(std::string(edition.fileName)));
+    }
+    EXPECT_EQ(SchemaPath({AgsFormat::Ags3, false, {}, &edition}, "/program"), "");
+    EXPECT_EQ(SchemaPath({AgsFormat::Ags4, false, "own.gas", &edition}, "/program"), "own.gas");
+  }
 }
 
 class Store : public testing::Test {

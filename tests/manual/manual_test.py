@@ -90,7 +90,7 @@ class TextTest(unittest.TestCase):
             self.assertIn(f"| `{key}` |", text)
 
     def test_every_schema_file_is_named(self):
-        code = (SOURCE / "src" / "dictionary" / "dictionary_store.h").read_text()
+        code = (SOURCE / "src" / "dictionary" / "schema_edition.h").read_text()
         editions = re.findall(r'\{"([0-9.]+)",\s*"([^"]+\.gas)"\}', code)
         self.assertEqual(len(editions), 5)
         text = source_text()
@@ -106,6 +106,13 @@ class TextTest(unittest.TestCase):
         self.assertGreater(len(judged), 4)
         for line in judged:
             self.assertIn(line.rstrip(), [written.rstrip() for written in report])
+
+    def test_counts_of_editions_that_it_shows_are_those_of_a_file(self):
+        golden, = (SOURCE / "tests" / "golden" / "ags4-edition-404").glob("*.ags")
+        shutil.copy(golden, self.folder / "site-a.ags")
+        run = self.run_program("--which-edition", "site-a.ags")
+        self.assertEqual(run.stdout.decode().replace("\r\n", "\n"),
+                         listing_with("  Edition  Groups"))
 
     def test_schema_example_can_be_used(self):
         self.write("example.gas", listing_with("'Vexo Schema for AGS"))

@@ -168,5 +168,16 @@ TEST(AddDataRow, ReadsARowOfAMillionUnsoundFields) {
   EXPECT_LT(rows.Seconds(), QuickSeconds);
 }
 
+TEST(DataRows, HaveTheValuesThatSplitFieldsGives) {
+  constexpr std::size_t headingCount = 8;
+  RandomText random(17);
+  for (int round = 0; round < 20000; ++round) {
+    const std::string line = "\"DATA\"," + RandomLine(random);
+    std::vector<std::string> values = SplitFields(line);
+    values.resize(headingCount);
+    ASSERT_EQ(ReadRows(Ags4, headingCount, {line}).Row(1), values) << line;
+  }
+}
+
 }  // namespace
 }  // namespace quorvane::test

@@ -291,6 +291,31 @@ TEST(ProtectDoubledQuotes, TakesTextsLikeThePlaceholdersOfEmptyFieldsForThem) {
   EXPECT_TRUE(ProtectDoubledQuotes("\"!@#$,%^&*\"").restoreDoubledQuotes);
 }
 
+TEST(ReadWellFormedFields, AddsAllOrNothing) {
+  std::vector<std::string_view> values{"before"};
+  EXPECT_TRUE(ReadWellFormedFields(R"("a","b ""c"", d","")", 5, values));
+  EXPECT_THAT(values, ElementsAre("before", R"(b ""c"", d)", ""));
+  for (const std::string_view line :
+       {R"("a",b)", R"("a","b" )", R"("a","b"c")", R"("a",)", R"("a)", ""})
+    EXPECT_FALSE(ReadWellFormedFields(line, 1, values)) << line;
+  EXPECT_EQ(values.size(), 3U);
+}
+
+TEST(SplitFields, GivesTheValuesOfALine) {
+  EXPECT_THAT(SplitFields(R"("DATA","a, b","","c")"), ElementsAre("DATA", "a, b", "", "c"));
+  EXPECT_THAT(SplitFields(R"("DATA")"), ElementsAre("DATA"));
+  EXPECT_THAT(SplitFields("DATA,1,2"), ElementsAre("DATA", "1", "2"));
+  EXPECT_THAT(SplitFields(""), ElementsAre(""));
+}
+
+TEST(SplitFields, TakesBlanksForNoValueAndKeepsThoseAroundOne) {
+  EXPECT_THAT(SplitFields(R"("DATA","  "," a ")"), ElementsAre("DATA", "", " a "));
+}
+
+TEST(SplitFields, LeavesDoubledQuotesInsideValues) {
+  EXPECT_THAT(SplitFields(R"("DATA","a ""b"", c","d")"), ElementsAre("DATA", R"(a ""b"", c)", "d"));
+}
+
 TEST(QuoteField, QuotesOnlyWhereItMust) {
   EXPECT_EQ(QuoteField("plain value", ",", true), "plain value");
   EXPECT_EQ(QuoteField("", ",", true), "");

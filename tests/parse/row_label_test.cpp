@@ -44,6 +44,18 @@ TEST(IsRowLabel, AgreesWithACommaPutBehindTheLine) {
   }
 }
 
+TEST(NameInGroupRow, IsTrimmedAndInUpperCase) {
+  EXPECT_EQ(NameInGroupRow(R"("GROUP","PROJ")"), "PROJ");
+  EXPECT_EQ(NameInGroupRow(R"("group"," Proj ","x")"), "PROJ");
+  EXPECT_EQ(NameInGroupRow(R"("GROUP",PROJ)"), "PROJ") << "without its quotes";
+}
+
+TEST(NameInGroupRow, IsEmptyWhereThereIsNone) {
+  EXPECT_EQ(NameInGroupRow(R"("GROUP")"), "");
+  EXPECT_EQ(NameInGroupRow(R"("GROUP",)"), "");
+  EXPECT_EQ(NameInGroupRow(R"("GROUP","  ","X")"), "");
+}
+
 TEST(IsGroupLine, BeginsWithTwoAsterisks) {
   EXPECT_TRUE(IsGroupLine(R"("**PROJ")"));
   EXPECT_TRUE(IsGroupLine("**PROJ"));

@@ -1,3 +1,5 @@
+#include "rules/names.h"
+
 #include <string>
 #include <vector>
 
@@ -151,6 +153,16 @@ TEST(FieldOrder, HeadingsOfNeitherListNeverCount) {
                       {{"BH1", "", "", "", ""}})
                 .Count("out of order"),
             0);
+}
+
+TEST(HasHeading, IsToldByTheDictionarysNames) {
+  DictGroup group;
+  group.Headings = {"DPRG_CONE", "FILE_FSET", "LOCA_ID"};
+  group.IndexHeadings();
+  for (const std::string_view known : {"DPRG_CONE", "DRPG_CONE", "FILE_FSET", "CMPG_FSET"})
+    EXPECT_TRUE(HasHeading(group, known)) << known;
+  for (const std::string_view unknown : {"", "loca_id", "?LOCA_ID", "LOCA_GL"})
+    EXPECT_FALSE(HasHeading(group, unknown)) << unknown;
 }
 
 TEST(FieldOrder, IsReportedOncePerGroupAtItsHeadingRow) {

@@ -166,6 +166,53 @@ TEST(VersionLine, IsNotWrittenForAFileThatCouldNotBeTakenIn) {
   EXPECT_EQ(VersionLineOf(CheckText("nothing").log), "");
 }
 
+// The edition that an AGS 4 file is checked against.
+
+CheckResult CheckWithEdition(std::string_view tranAgs, std::string_view edition) {
+  CheckSettings settings;
+  settings.edition = edition;
+  return CheckText(
+      ReplaceAll(MinimalAgs4().Text(), "\"4.0.3\"", "\"" + std::string(tranAgs) + "\""), settings);
+}
+
+TEST(EditionNote, NamesAnotherEditionThanTheFiles) {
+  EXPECT_THAT(CheckWithEdition("4.1", "").notes,
+              ElementsAre("test.ags: TRAN_AGS is \"4.1\", the file was checked against the schema "
+                          "of edition 4.0.3"));
+  EXPECT_THAT(CheckWithEdition("4.1", "4.2").notes,
+              ElementsAre("test.ags: TRAN_AGS is \"4.1\", the file was checked against the schema "
+                          "of edition 4.2"));
+  EXPECT_THAT(CheckWithEdition("4.1", "4.1").notes, IsEmpty());
+}
+
+TEST(EditionNote, NamesTheEditionThatWasFoundOut) {
+  EXPECT_THAT(CheckWithEdition("AGS 4.1.0", StatedEdition).notes,
+              ElementsAre("test.ags: the file was checked against the schema of edition 4.1, as "
+                          "TRAN_AGS says"));
+  EXPECT_THAT(CheckWithEdition("4.0.3", StatedEdition).notes,
+              ElementsAre("test.ags: the file was checked against the schema of edition 4.0.3, as "
+                          "TRAN_AGS says"));
+}
+
+TEST(EditionNote, SaysWhereNoEditionCouldBeFoundOut) {
+  for (const std::string_view tranAgs : {"4.9", "", "rubbish"}) {
+    EXPECT_THAT(CheckWithEdition(tranAgs, StatedEdition).notes,
+                ElementsAre("test.ags: TRAN_AGS names no edition that comes with the program, the "
+                            "file was checked against the schema of edition 4.0.3"))
+        << tranAgs;
+  }
+}
+
+TEST(EditionNote, IsNotMadeForAgs3) {
+  for (const std::string_view edition : {std::string_view("4.1"), StatedEdition}) {
+    CheckSettings settings;
+    settings.edition = edition;
+    const CheckResult result = CheckText(MinimalAgs3().Text(), settings);
+    EXPECT_THAT(result.notes, IsEmpty());
+    EXPECT_EQ(result.log, CheckText(MinimalAgs3().Text()).log);
+  }
+}
+
 // Files that cannot be checked, whole.
 
 std::string BehindLegend(const std::string& log) {

@@ -221,14 +221,82 @@ TEST_F(FileIntakeTest, TheDictionaryIsLoadedWhenTheRowLabelsAreWrongToo) {
   EXPECT_THROW(TakeIn("rubbish\n" + std::string(Ags4Text)), DictionaryError);
 }
 
+TEST_F(FileIntakeTest, AnEditionThatIsWantedHasItsSchema) {
+  services_.disk.files["/program/ags41 dict.gas"] = TinySchema;
+  services_.window.settings.edition = "4.1";
+  TakeIn(Ags4Text);
+  EXPECT_EQ(intake_.schemaPath, InProgramFolder("ags41 dict.gas"));
+  EXPECT_EQ(intake_.dictionary.customSchema, "");
+}
+
+TEST_F(FileIntakeTest, TheStatedEditionIsReadBeforeTheRowsAreRewritten) {
+  services_.disk.files["/program/ags42 dict.gas"] = TinySchema;
+  services_.window.settings.edition = StatedEdition;
+  TakeIn(std::string(Ags4Text) +
+         "\n\"GROUP\",\"TRAN\"\n\"HEADING\",\"TRAN_AGS\"\n\"UNIT\",\"\"\n"
+         "\"TYPE\",\"X\"\n\"DATA\",\"4.2\"\n");
+  EXPECT_EQ(intake_.schemaPath, InProgramFolder("ags42 dict.gas"));
+}
+
+constexpr DetectedVersion Ags3Version{AgsFormat::Ags3, false};
+constexpr DetectedVersion Ags4Version{AgsFormat::Ags4, false};
+constexpr DetectedVersion Ags404Version{AgsFormat::Ags4, true};
+
+/// The number of the edition that is chosen; empty for the usual one.
+std::string_view EditionChosen(std::string_view tranAgs, const DetectedVersion& version,
+                               std::string_view wish) {
+  CheckSettings settings;
+  settings.edition = wish;
+  const FileText file = TextOf("\"GROUP\",\"TRAN\"\n\"HEADING\",\"TRAN_AGS\"\n\"DATA\",\"" +
+                               std::string(tranAgs) + "\"\n");
+  const DictionaryChoice choice = ChooseDictionary(file, version, settings);
+  EXPECT_EQ(choice.customSchema, "");
+  EXPECT_EQ(choice.isAgs404, version.isAgs404);
+  return choice.edition == nullptr ? std::string_view() : choice.edition->edition;
+}
+
 TEST(ChooseDictionary, FollowsVersionAndSettings) {
+  const FileText file;
   CheckSettings settings;
   settings.customDictionary = "own.gas";
-  EXPECT_EQ(ChooseDictionary({AgsFormat::Ags4, true}, settings).customSchema, "");
-  EXPECT_EQ(ChooseDictionary({AgsFormat::Ags4, true}, settings).format, AgsFormat::Ags4);
-  EXPECT_TRUE(ChooseDictionary({AgsFormat::Ags4, true}, settings).isAgs404);
+  EXPECT_EQ(ChooseDictionary(file, Ags404Version, settings).customSchema, "");
+  EXPECT_EQ(ChooseDictionary(file, Ags404Version, settings).format, AgsFormat::Ags4);
+  EXPECT_TRUE(ChooseDictionary(file, Ags404Version, settings).isAgs404);
   settings.useCustomDictionary = true;
-  EXPECT_EQ(ChooseDictionary({AgsFormat::Ags3, false}, settings).customSchema, "own.gas");
+  EXPECT_EQ(ChooseDictionary(file, Ags3Version, settings).customSchema, "own.gas");
+}
+
+TEST(ChooseDictionary, PutsACustomDictionaryBeforeAnEdition) {
+  CheckSettings settings;
+  settings.edition = "4.1";
+  settings.customDictionary = "own.gas";
+  settings.useCustomDictionary = true;
+  const DictionaryChoice choice = ChooseDictionary(FileText(), Ags4Version, settings);
+  EXPECT_EQ(choice.customSchema, "own.gas");
+  EXPECT_EQ(choice.edition, nullptr);
+}
+
+TEST(ChooseDictionary, TakesTheUsualEditionWithoutAWish) {
+  EXPECT_EQ(EditionChosen("4.2", Ags4Version, ""), "");
+}
+
+TEST(ChooseDictionary, TakesTheEditionThatIsWanted) {
+  for (const SchemaEdition& edition : SchemaEditions)
+    EXPECT_EQ(EditionChosen("4.0.4", Ags404Version, edition.edition), edition.edition);
+}
+
+TEST(ChooseDictionary, TakesTheEditionThatTheFileStates) {
+  for (const SchemaEdition& edition : SchemaEditions)
+    EXPECT_EQ(EditionChosen(edition.edition, Ags4Version, StatedEdition), edition.edition);
+  EXPECT_EQ(EditionChosen("4.0.3", Ags404Version, StatedEdition), "4.0.3")
+      << "whatever stands elsewhere in the file";
+  EXPECT_EQ(EditionChosen("rubbish", Ags404Version, StatedEdition), "");
+  EXPECT_EQ(EditionChosen("", Ags4Version, StatedEdition), "");
+}
+
+TEST(ChooseDictionary, HasNoEditionForAgs3) {
+  EXPECT_EQ(EditionChosen("4.1", Ags3Version, "4.1"), "");
+  EXPECT_EQ(EditionChosen("4.1", Ags3Version, StatedEdition), "");
 }
 
 // The file's name.

@@ -34,8 +34,7 @@ const std::map<std::string, std::set<std::string>> MayInclude{
     {"statistics", {"text", "report", "parse", "dictionary"}},
     {"run", {"text", "report", "parse", "dictionary", "rules", "statistics"}},
     {"findings", {"text", "report", "parse", "dictionary", "rules", "statistics", "run"}},
-    {"ui",
-     {"text", "report", "parse", "dictionary", "rules", "statistics", "run", "findings"}}};
+    {"ui", {"text", "report", "parse", "dictionary", "rules", "statistics", "run", "findings"}}};
 
 /// The one header of rules that every rule family may include.
 constexpr std::string_view CommonRulesHeader = "rules/checked_file.h";

@@ -5,7 +5,9 @@
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
+#include <vector>
 
+#include "dictionary/schema_edition.h"
 #include "findings/findings_collector.h"
 #include "run/check_run.h"
 #include "support/fake_services.h"
@@ -22,12 +24,14 @@ std::string ReadWhole(const std::string& path) {
 }
 
 void AddSchemas(MemoryDisk& disk) {
-  static const std::array<std::string, 2> names{"ags4 dict.gas", "ags404 dict.gas"};
-  static const std::array<std::string, 2> contents{
-      ReadWhole(std::string(QUORVANE_SCHEMA_FOLDER) + "/" + names[0]),
-      ReadWhole(std::string(QUORVANE_SCHEMA_FOLDER) + "/" + names[1])};
-  for (std::size_t index = 0; index < names.size(); ++index) {
-    disk.files["/program/" + names[index]] = contents[index];
+  static const std::vector<std::string> contents = [] {
+    std::vector<std::string> read;
+    for (const SchemaEdition& edition : SchemaEditions)
+      read.push_back(ReadWhole(QUORVANE_SCHEMA_FOLDER "/" + std::string(edition.fileName)));
+    return read;
+  }();
+  for (std::size_t index = 0; index < contents.size(); ++index) {
+    disk.files["/program/" + std::string(SchemaEditions[index].fileName)] = contents[index];
   }
 }
 

@@ -3,10 +3,13 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
+#include <QToolButton>
 
 #include "ui/window_fixture.h"
 
@@ -41,6 +44,10 @@ class MainWindowTest : public QObject {
   void CancelledDataFilesChangeNothing();
   void SchemaFillsThePath();
   void CancelledSchemaChangesNothing();
+  void EditionFillsThePathAndTicksTheBox_data();
+  void EditionFillsThePathAndTicksTheBox();
+  void EditionsAreReachedByTheKeyboard();
+  void EditionsStayLegible();
   void DroppedFilesJoinTheList();
   void DroppedSchemaFillsThePathOfAnEnabledBox();
   void DroppedTextIsNotTaken();
@@ -64,6 +71,7 @@ void MainWindowTest::Captions_data() {
   row("cmdQuorvane_3", "&About");
   row("cmdQuorvane_4", "&Help");
   row("chkUseCustomDict", "Use Custom Dictionary");
+  row("cmdEditions", "&Editions");
   row("chkShowStats", "Show Data Statistics");
   row("chkSuppressFYIMesgs", "Suppress FYI (for your information only) messages");
   row("lblQuorvane_1", "Messages Listed By:");
@@ -118,15 +126,15 @@ void MainWindowTest::TabGoesFromTopToBottom() {
   QVERIFY(QTest::qWaitForWindowActive(&fixture.window));
   fixture.Find<QWidget>("txtFilesToCheck").setFocus();
   QStringList order;
-  for (int step = 0; step < 15; ++step) {
+  for (int step = 0; step < 16; ++step) {
     order.append(QApplication::focusWidget()->objectName());
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   }
-  const QStringList expected{"txtFilesToCheck",      "cmdFileToCheck",      "chkUseCustomDict",
-                             "txtAgsDataDictionary", "cmdSelectDataDict",   "chkShowStats",
-                             "chkSuppressFYIMesgs",  "chkMessageListing_0", "chkMessageListing_1",
-                             "chkMessageListing_2",  "cmdQuorvane_0",       "cmdQuorvane_1",
-                             "cmdQuorvane_2",        "cmdQuorvane_3",       "cmdQuorvane_4"};
+  const QStringList expected{
+      "txtFilesToCheck",     "cmdFileToCheck",      "chkUseCustomDict",    "txtAgsDataDictionary",
+      "cmdEditions",         "cmdSelectDataDict",   "chkShowStats",        "chkSuppressFYIMesgs",
+      "chkMessageListing_0", "chkMessageListing_1", "chkMessageListing_2", "cmdQuorvane_0",
+      "cmdQuorvane_1",       "cmdQuorvane_2",       "cmdQuorvane_3",       "cmdQuorvane_4"};
   QCOMPARE(order, expected);
   QCOMPARE(QApplication::focusWidget()->objectName(), QString("txtProgress"));
 }
@@ -135,9 +143,9 @@ void MainWindowTest::EveryControlSaysWhatItIs() {
   WindowFixture fixture;
   for (const char* name :
        {"txtFilesToCheck", "cmdFileToCheck", "chkUseCustomDict", "txtAgsDataDictionary",
-        "cmdSelectDataDict", "chkShowStats", "chkSuppressFYIMesgs", "chkMessageListing_0",
-        "chkMessageListing_1", "chkMessageListing_2", "cmdQuorvane_0", "cmdQuorvane_1",
-        "cmdQuorvane_2", "cmdQuorvane_3", "cmdQuorvane_4"}) {
+        "cmdEditions", "cmdSelectDataDict", "chkShowStats", "chkSuppressFYIMesgs",
+        "chkMessageListing_0", "chkMessageListing_1", "chkMessageListing_2", "cmdQuorvane_0",
+        "cmdQuorvane_1", "cmdQuorvane_2", "cmdQuorvane_3", "cmdQuorvane_4"}) {
     const auto& control = fixture.Find<QWidget>(name);
     QVERIFY2(!control.toolTip().isEmpty(), name);
     const bool hasName =
@@ -226,6 +234,80 @@ void MainWindowTest::CancelledSchemaChangesNothing() {
   fixture.Find<QPushButton>("cmdSelectDataDict").click();
   QCOMPARE(fixture.pickers.asked.size(), std::size_t{1});
   QCOMPARE(fixture.Find<QLineEdit>("txtAgsDataDictionary").text(), QString("own.gas"));
+}
+
+void MainWindowTest::EditionFillsThePathAndTicksTheBox_data() {
+  QTest::addColumn<QString>("caption");
+  QTest::addColumn<QString>("fileName");
+  QTest::newRow("4.0.3") << "AGS 4.0.3"
+                         << "ags4 dict.gas";
+  QTest::newRow("4.0.4") << "AGS 4.0.4"
+                         << "ags404 dict.gas";
+  QTest::newRow("4.1") << "AGS 4.1"
+                       << "ags41 dict.gas";
+  QTest::newRow("4.1.1") << "AGS 4.1.1"
+                         << "ags411 dict.gas";
+  QTest::newRow("4.2") << "AGS 4.2"
+                       << "ags42 dict.gas";
+}
+
+void MainWindowTest::EditionFillsThePathAndTicksTheBox() {
+  QFETCH(QString, caption);
+  QFETCH(QString, fileName);
+  const std::string path = InProgramFolder(fileName.toStdString());
+  for (const bool wasTicked : {false, true}) {
+    WindowFixture fixture;
+    fixture.SetFiles("a.ags");
+    fixture.Find<QCheckBox>("chkUseCustomDict").setChecked(wasTicked);
+    fixture.Find<QLineEdit>("txtAgsDataDictionary").setText("own.gas");
+    const auto& button = fixture.Find<QToolButton>("cmdEditions");
+    QVERIFY(button.isEnabled());
+    int triggered = 0;
+    for (QAction* action : button.menu()->actions()) {
+      if (action->text() != caption) continue;
+      action->trigger();
+      ++triggered;
+    }
+    QCOMPARE(triggered, 1);
+    QVERIFY(fixture.Find<QCheckBox>("chkUseCustomDict").isChecked());
+    QCOMPARE(fixture.Find<QLineEdit>("txtAgsDataDictionary").text(), QString::fromStdString(path));
+    QVERIFY(fixture.Find<QPushButton>("cmdQuorvane_0").isEnabled());
+  }
+}
+
+void MainWindowTest::EditionsAreReachedByTheKeyboard() {
+  WindowFixture fixture;
+  fixture.window.show();
+  QVERIFY(QTest::qWaitForWindowActive(&fixture.window));
+  auto& button = fixture.Find<QToolButton>("cmdEditions");
+  button.setFocus();
+  QVERIFY(button.hasFocus());
+  bool hasShown = false;
+  connect(button.menu(), &QMenu::aboutToShow, &fixture.window, [&] {
+    // The menu takes its keys in a loop of its own.
+    QTimer::singleShot(0, button.menu(), [&] {
+      hasShown = true;
+      QTest::keyClick(button.menu(), Qt::Key_Up);
+      QTest::keyClick(button.menu(), Qt::Key_Return);
+    });
+  });
+  QTest::keyClick(&button, Qt::Key_Space);
+  QTRY_VERIFY(hasShown);
+  QTRY_COMPARE(fixture.Find<QLineEdit>("txtAgsDataDictionary").text(),
+               QString::fromStdString(InProgramFolder("ags42 dict.gas")));
+}
+
+void MainWindowTest::EditionsStayLegible() {
+  WindowFixture fixture;
+  fixture.window.resize(640, 480);
+  fixture.window.show();
+  const auto& path = fixture.Find<QWidget>("txtAgsDataDictionary");
+  const auto& editions = fixture.Find<QWidget>("cmdEditions");
+  const auto& select = fixture.Find<QWidget>("cmdSelectDataDict");
+  QVERIFY(editions.width() >= editions.sizeHint().width());
+  QVERIFY(path.geometry().right() < editions.geometry().left());
+  QVERIFY(editions.geometry().right() < select.geometry().left());
+  QVERIFY2(path.width() >= 100, qPrintable(QString::number(path.width())));
 }
 
 void MainWindowTest::DroppedFilesJoinTheList() {

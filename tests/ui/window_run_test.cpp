@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
+#include <QToolButton>
 
 #include "report/run_log.h"
 #include "run/system_disk.h"
@@ -139,6 +140,7 @@ void WindowRunTest::NothingCanBeStartedDuringARun() {
       QVERIFY2(!button.isEnabled(), name);
       QTest::mouseClick(&button, Qt::LeftButton);
     }
+    QVERIFY(!fixture.Find<QToolButton>("cmdEditions").isEnabled());
     // What would enable the button does not while the run is on.
     fixture.SetFiles("a.ags\nb.ags");
     QVERIFY(!fixture.Find<QPushButton>("cmdQuorvane_0").isEnabled());
@@ -155,6 +157,7 @@ void WindowRunTest::NothingCanBeStartedDuringARun() {
   for (const char* name :
        {"cmdQuorvane_0", "cmdQuorvane_1", "cmdQuorvane_2", "cmdQuorvane_3", "cmdQuorvane_4"})
     QVERIFY2(fixture.Find<QPushButton>(name).isEnabled(), name);
+  QVERIFY(fixture.Find<QToolButton>("cmdEditions").isEnabled());
 }
 
 void WindowRunTest::ClosingWaitsForTheEnd() {
