@@ -55,6 +55,18 @@ class CellStore {
     /// As CellStore::Value.
     std::string_view Value(std::size_t column) const { return store_->ValueOf(*record_, column); }
 
+    /// The first values of a regular line as they stand in it, quotes and commas between them, with
+    /// the quote behind the last: rows with the same such text have the same values. Empty when the
+    /// row is kept otherwise or has fewer values.
+    std::string_view LeadingText(std::size_t count) const {
+      return store_->LeadingTextOf(*record_, count);
+    }
+
+    /// How many of those values, quote behind included, lie within a length of that text.
+    std::size_t LeadingCount(std::size_t count, std::size_t length) const {
+      return store_->LeadingCountOf(*record_, count, length);
+    }
+
    private:
     friend class CellStore;
     Row(const CellStore& store, const RowRecord& record) : store_(&store), record_(&record) {}
@@ -110,6 +122,23 @@ class CellStore {
     const FieldOffset* offset = Offsets(record.firstCell) + ((column - 1) << record.hasEnds);
     const std::size_t start = offset[0];
     return {fileText_.data() + record.lineStart + start, offset[1] - BoundaryLength - start};
+  }
+
+  std::string_view LeadingTextOf(const RowRecord& record, std::size_t count) const {
+    if (record.isInSpans || record.hasEnds || count == 0 || count > record.cellCount) return {};
+    const FieldOffset* offset = Offsets(record.firstCell);
+    const std::size_t start = offset[0];
+    return {fileText_.data() + record.lineStart + start,
+            offset[count] - (BoundaryLength - 1) - start};
+  }
+
+  std::size_t LeadingCountOf(const RowRecord& record, std::size_t count, std::size_t length) const {
+    const FieldOffset* offset = Offsets(record.firstCell);
+    const std::size_t behindLast = offset[0] + length + BoundaryLength - 1;
+    std::size_t within = 0;
+    while (within < count && offset[within + 1] <= behindLast)
+      ++within;
+    return within;
   }
 
   const FieldOffset* Offsets(std::uint32_t first) const {

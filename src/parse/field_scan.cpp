@@ -17,14 +17,6 @@ bool CanBeRegular(std::string_view line) {
          line.back() == '"' && line[1] != ' ' && !line.substr(1).starts_with(",\"");
 }
 
-/// The number of bits set in the lower 16 bits. A plain SSE2 machine has no instruction for it.
-std::size_t CountBits(std::uint32_t bits) {
-  bits -= (bits >> 1U) & 0x5555U;
-  bits = (bits & 0x3333U) + ((bits >> 2U) & 0x3333U);
-  bits = (bits + (bits >> 4U)) & 0x0F0FU;
-  return (bits + (bits >> 8U)) & 0x1FU;
-}
-
 std::size_t Finish(std::string_view line, FieldOffset* offsets, std::size_t count) {
   offsets[count] = static_cast<FieldOffset>(line.size() + BoundaryLength - 1);
   return count;
@@ -64,8 +56,10 @@ std::size_t ScanRegularFields(std::string_view line, FieldOffset* offsets) {
 
   offsets[0] = 1;
   std::size_t count = 1;
-  std::size_t quoteCount = 0;
   std::uint32_t leadingBlanks = 0;
+  // Bit 0: the byte is the second quote of a boundary that began in the block before, or the quote
+  // that opens the line.
+  std::uint32_t secondQuotes = 1;
   for (std::size_t at = 0; at < line.size(); at += block) {
     const __m128i isQuote = _mm_cmpeq_epi8(load(at), quotes);
     const __m128i isBoundary =
@@ -80,24 +74,26 @@ std::size_t ScanRegularFields(std::string_view line, FieldOffset* offsets) {
     // cut off the last block.
     const std::size_t left = line.size() - at;
     if (left < block + 2) {
-      const std::uint32_t inLine = left >= block ? 0xFFFFU : (1U << left) - 1U;
+      // The quote that closes the line is no boundary's: it is cut off too.
+      const std::uint32_t inLine = left > block ? 0xFFFFU : (1U << (left - 1)) - 1U;
       quoteBits &= inLine;
       boundaryBits &= left <= 2 ? 0U : (1U << (left - 2)) - 1U;
     }
     leadingBlanks |= blankBits & boundaryBits;
-    quoteCount += CountBits(quoteBits);
+    secondQuotes |= boundaryBits << 2U;
+    // Boundaries that share a quote mean a value that is a comma, or a line that begins with one;
+    // a quote of no boundary stands inside a value.
+    const std::uint32_t sharedQuotes = boundaryBits & secondQuotes;
+    const std::uint32_t innerQuotes = quoteBits & ~(boundaryBits | secondQuotes);
+    if ((sharedQuotes | innerQuotes) != 0) return 0;
+    secondQuotes >>= block;
     for (; boundaryBits != 0; boundaryBits &= boundaryBits - 1) {
-      const std::size_t start =
-          at + static_cast<std::size_t>(std::countr_zero(boundaryBits)) + BoundaryLength;
-      // Boundaries that share a quote mean a value that is a comma, or a line that begins with one.
-      if (start < offsets[count - 1] + BoundaryLength) return 0;
-      offsets[count++] = static_cast<FieldOffset>(start);
+      offsets[count++] = static_cast<FieldOffset>(
+          at + static_cast<std::size_t>(std::countr_zero(boundaryBits)) + BoundaryLength);
     }
   }
-  // Each boundary has two quotes and the line one at each end: when these are all, no quote stands
-  // inside a value. The last value must not begin behind the closing quote.
-  const bool isRegular =
-      quoteCount == 2 * count && offsets[count - 1] < line.size() && leadingBlanks == 0;
+  // The last value must not begin behind the closing quote.
+  const bool isRegular = leadingBlanks == 0 && offsets[count - 1] < line.size();
   return isRegular ? Finish(line, offsets, count) : 0;
 }
 

@@ -1,6 +1,7 @@
 #include "rules/key_text.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "text/number.h"
 #include "text/same_text.h"
@@ -22,7 +23,41 @@ void AppendComparable(std::string& text, const KeyPart& part, std::string_view v
   }
 }
 
+/// Whether the values of a leading text hold no comma and end with no blank. What stands before an
+/// offset is known to be so.
+bool IsPlain(std::string_view text, std::size_t offset) {
+  // A comma just before the offset may have been one between values.
+  for (std::size_t at = std::max<std::size_t>(offset, 1) - 1; at < text.size(); ++at) {
+    const char before = at == 0 ? '"' : text[at - 1];
+    if (text[at] == '"' && before == ' ') return false;
+    if (text[at] == ',' && (before != '"' || text[at + 1] != '"')) return false;
+  }
+  return true;
+}
+
+/// Whether the part in which two leading texts first differ, at an offset, stands before that of
+/// the other: with fewer letters before its point or, with as many, in the order of letters. Depths
+/// and sizes go up and down in this order as they do by their value.
+bool StandsBefore(std::string_view left, std::string_view right, std::size_t offset) {
+  std::size_t at = offset;
+  while (at > 0 && left[at - 1] != '"' && left[at - 1] != '.')
+    --at;
+  const bool isBehindPoint = at > 0 && left[at - 1] == '.';
+  if (!isBehindPoint) {
+    const std::size_t leftPoint = left.find_first_of(".\"", offset);
+    const std::size_t rightPoint = right.find_first_of(".\"", offset);
+    if (leftPoint != rightPoint) return leftPoint < rightPoint;
+  }
+  return static_cast<unsigned char>(left[offset]) < static_cast<unsigned char>(right[offset]);
+}
+
 }  // namespace
+
+bool AreLeadingColumns(std::span<const KeyPart> parts) {
+  int column = 0;
+  return std::all_of(parts.begin(), parts.end(),
+                     [&column](const KeyPart& part) { return part.column == ++column; });
+}
 
 std::vector<KeyPart> KeyPartsOf(const Group& group) {
   std::vector<KeyPart> parts;
@@ -56,24 +91,42 @@ void MakeComparableKey(const GroupTable& table, const RowPlace& place,
 }
 
 KeyReader::KeyReader(const GroupTable& table, std::span<const KeyPart> parts)
-    : table_(table), parts_(parts), read_(parts.size()) {}
+    : table_(table), parts_(parts), areLeading_(AreLeadingColumns(parts)), read_(parts.size()) {}
 
 bool KeyReader::TurnTo(const RowPlace& place) {
   const CellStore::Row row = table_.RowAt(place.group, place.row);
-  std::size_t index = 0;
-  if (hasRow_) {
-    while (index < parts_.size() && SameText(PartValue(row, parts_[index]), read_[index].value))
-      ++index;
-    if (index == parts_.size()) return false;
-  }
+  const std::string_view leading =
+      areLeading_ ? row.LeadingText(parts_.size()) : std::string_view();
+  const std::size_t same = hasRow_ ? CountSameParts(row, leading) : 0;
+  if (hasRow_ && same == parts_.size()) return false;
   hasRow_ = true;
-  partsInText_ = std::min(partsInText_, index);
-  for (; index < parts_.size(); ++index)
-    read_[index].value = PartValue(row, parts_[index]);
+  place_ = place;
+  leading_ = leading;
+  partsRead_ = std::min(partsRead_, same);
+  partsInText_ = std::min(partsInText_, same);
   return true;
 }
 
+std::size_t KeyReader::CountSameParts(const CellStore::Row& row, std::string_view leading) {
+  if (!leading.empty() && !leading_.empty()) {
+    return row.LeadingCount(parts_.size(), SameLength(leading, leading_));
+  }
+  ReadParts();
+  std::size_t same = 0;
+  while (same < parts_.size() && SameText(PartValue(row, parts_[same]), read_[same].value))
+    ++same;
+  return same;
+}
+
+void KeyReader::ReadParts() {
+  if (partsRead_ == parts_.size()) return;
+  const CellStore::Row row = table_.RowAt(place_.group, place_.row);
+  for (; partsRead_ < parts_.size(); ++partsRead_)
+    read_[partsRead_].value = PartValue(row, parts_[partsRead_]);
+}
+
 std::string_view KeyReader::Text() {
+  ReadParts();
   if (partsInText_ < parts_.size())
     text_.resize(partsInText_ == 0 ? 0 : read_[partsInText_ - 1].textEnd);
   for (; partsInText_ < parts_.size(); ++partsInText_) {
@@ -85,17 +138,56 @@ std::string_view KeyReader::Text() {
   return text_;
 }
 
-bool KeyReader::HasValue() const {
+bool KeyReader::HasValue() {
+  // No value of a regular line begins with a blank: what is more than its quote is a value.
+  if (!leading_.empty() && leading_.front() != '"') return true;
+  ReadParts();
   return std::any_of(read_.begin(), read_.end(),
                      [](const PartRead& part) { return !part.value.empty(); });
 }
 
-bool KeyReader::HasValuesOf(const RowPlace& place, std::span<const KeyPart> parts) const {
+bool KeyReader::HasValuesOf(const RowPlace& place, std::span<const KeyPart> parts) {
   const CellStore::Row row = table_.RowAt(place.group, place.row);
+  if (!leading_.empty() && AreLeadingColumns(parts) &&
+      SameText(row.LeadingText(parts.size()), leading_)) {
+    return true;
+  }
+  ReadParts();
   return std::equal(parts.begin(), parts.end(), read_.begin(), read_.end(),
                     [&row](const KeyPart& part, const PartRead& read) {
                       return SameText(PartValue(row, part), read.value);
                     });
+}
+
+/// Keys are compared as texts of parts joined by commas, without blanks behind the parts and with
+/// numbers by their value. Where no part is numeric and no value holds a comma or ends with a
+/// blank, keys are the same only when the lines have the same text there.
+KeyOrder::KeyOrder(const GroupTable& table, std::span<const KeyPart> parts)
+    : table_(table),
+      parts_(parts),
+      isUsable_(AreLeadingColumns(parts) &&
+                std::none_of(parts.begin(), parts.end(),
+                             [](const KeyPart& part) { return part.isNumeric; })) {}
+
+void KeyOrder::Begin(const RowPlace& place) {
+  leading_ = {};
+  if (!isUsable_) return;
+  directions_.assign(parts_.size(), Direction::Unknown);
+  const std::string_view text = table_.RowAt(place.group, place.row).LeadingText(parts_.size());
+  if (IsPlain(text, 0)) leading_ = text;
+}
+
+bool KeyOrder::GoesOn(const RowPlace& place) {
+  if (leading_.empty()) return false;
+  const CellStore::Row row = table_.RowAt(place.group, place.row);
+  const std::string_view before = std::exchange(leading_, row.LeadingText(parts_.size()));
+  const std::size_t same = SameLength(before, leading_);
+  if (same == before.size() || same >= leading_.size() || !IsPlain(leading_, same)) return false;
+  // The first part that differs decides, in its own direction.
+  Direction& direction = directions_[row.LeadingCount(parts_.size(), same)];
+  const Direction step = StandsBefore(before, leading_, same) ? Direction::Up : Direction::Down;
+  if (direction == Direction::Unknown) direction = step;
+  return direction == step;
 }
 
 }  // namespace quorvane

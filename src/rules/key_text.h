@@ -18,6 +18,10 @@ struct KeyPart {
   bool isNumeric = false;
 };
 
+/// Whether the parts are the first columns of their group, in their order: so they are in nearly
+/// all files, and the rows can be compared without a look at the single values.
+bool AreLeadingColumns(std::span<const KeyPart> parts);
+
 /// The parts of a group's own key.
 std::vector<KeyPart> KeyPartsOf(const Group& group);
 
@@ -39,18 +43,18 @@ class KeyReader {
   /// The table and the parts must outlive the object.
   KeyReader(const GroupTable& table, std::span<const KeyPart> parts);
 
-  /// Turns to a row, of any group that has the parts. Returns whether its values differ from those
-  /// of the row before; those of the first row always do.
+  /// Turns to a row, of any group that has the parts. Returns false when its values are those of
+  /// the row before; those of the first row never are.
   bool TurnTo(const RowPlace& place);
 
   /// The row's key: valid until the next call.
   std::string_view Text();
 
-  bool HasValue() const;
+  bool HasValue();
 
   /// Whether a row has these very values in some columns, as many as the key has parts. Keys may be
   /// the same without it, as 1.5 and 1.50 are.
-  bool HasValuesOf(const RowPlace& place, std::span<const KeyPart> parts) const;
+  bool HasValuesOf(const RowPlace& place, std::span<const KeyPart> parts);
 
  private:
   /// A part as it was read, and the length of the text up to its end.
@@ -59,12 +63,45 @@ class KeyReader {
     std::size_t textEnd = 0;
   };
 
+  /// The number of parts, from the first on, in which a row is plain to see as the row before.
+  std::size_t CountSameParts(const CellStore::Row& row, std::string_view leading);
+  void ReadParts();
+
   const GroupTable& table_;
   std::span<const KeyPart> parts_;
+  bool areLeading_;  // the parts are the first columns, in their order
+  RowPlace place_;
+  std::string_view leading_;  // of the row, when it has such a text
   std::vector<PartRead> read_;
+  std::size_t partsRead_ = 0;  // the parts up to this one are those of the row
   std::string text_;
   std::size_t partsInText_ = 0;  // the text is made up to this part
   bool hasRow_ = false;
+};
+
+/// Tells of rows that follow each other that they go on in one order, upwards or downwards in each
+/// part of their key: their keys differ then, without a search for equal ones. Most holes are
+/// written in such an order.
+class KeyOrder {
+ public:
+  /// The table and the parts must outlive the object.
+  KeyOrder(const GroupTable& table, std::span<const KeyPart> parts);
+
+  /// Begins with the first row of some.
+  void Begin(const RowPlace& place);
+
+  /// Whether the next row goes on in the order of those before it; false when that is not plain to
+  /// see. Once it is false the rows have no order.
+  bool GoesOn(const RowPlace& place);
+
+ private:
+  enum class Direction : std::int8_t { Unknown, Up, Down };
+
+  const GroupTable& table_;
+  std::span<const KeyPart> parts_;
+  bool isUsable_;
+  std::vector<Direction> directions_;  // of each part
+  std::string_view leading_;           // of the row before; empty when it cannot be compared
 };
 
 }  // namespace quorvane

@@ -117,7 +117,7 @@ class ParentKeys {
 
   /// Children mostly stand in their parents' order, a few parents having none: looking at the rows
   /// ahead spares most searches in an index, whose memory is far away.
-  bool StandsAhead(const KeyReader& key) {
+  bool StandsAhead(KeyReader& key) {
     constexpr std::int32_t mostSteps = 8;
     const std::span<const KeyPart> parts = parts_.at(FirstGroup());
     const std::int32_t last = std::min(expectedRow_ + mostSteps, table_.At(FirstGroup()).rowCount);

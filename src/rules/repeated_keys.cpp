@@ -22,10 +22,11 @@ struct RowRun {
   std::size_t Count() const { return static_cast<std::size_t>(last - first) + 1; }
 };
 
-/// Runs of rows among which equal keys are looked for, and a text that orders them.
+/// Rows with the same first part of their key, and that part.
 struct RunOfPart {
   std::string part;
   RowRun rows;
+  bool isInOrder = true;  // its rows go on in one order, so that their keys differ
 };
 
 /// Rows that share their key, in the order of the file, and the key in the form in which keys are
@@ -58,10 +59,11 @@ class RepeatedKeys {
     std::vector<RowRun> alike;
     for (auto run = runs.begin(); run != runs.end();) {
       alike.clear();
-      const std::string& part = run->part;
-      for (; run != runs.end() && run->part == part; ++run)
+      const RunOfPart& first = *run;
+      for (; run != runs.end() && run->part == first.part; ++run)
         alike.push_back(run->rows);
-      FindAmong(alike);
+      const bool areAllDifferent = alike.size() == 1 && first.isInOrder;
+      if (!areAllDifferent) FindAmong(alike);
     }
   }
 
@@ -85,6 +87,7 @@ class RepeatedKeys {
     if (parts_.size() < 2) return false;
     const std::span<const KeyPart> firstPart(parts_.data(), 1);
     KeyReader key(table_, firstPart);
+    KeyOrder order(table_, parts_);
     const std::int32_t rowCount = table_.At(group_).rowCount;
     const auto mostRuns = static_cast<std::size_t>(rowCount / 2);
     for (std::int32_t row = 1; row <= rowCount; ++row) {
@@ -93,8 +96,12 @@ class RepeatedKeys {
           return false;
         }
         runs.push_back({std::string(key.Text()), {row, row}});
+        order.Begin({group_, row});
+      } else {
+        RunOfPart& run = runs.back();
+        run.rows.last = row;
+        run.isInOrder = run.isInOrder && order.GoesOn({group_, row});
       }
-      runs.back().rows.last = row;
     }
     return true;
   }

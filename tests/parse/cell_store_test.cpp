@@ -53,6 +53,35 @@ TEST(CellStore, ValuesOfRegularLinesAreViewsIntoTheFile) {
   EXPECT_TRUE(store.LiesInFile(store.Value(0, 2)));
 }
 
+TEST(CellStore, LeadingTextHoldsTheFirstValuesAsTheyStandInTheLine) {
+  const FileText file = FileOf("\"BH1\",\"\",\"1.00\",\"x\"\nother");
+  CellStore store(file.Whole());
+  store.AddRegularRow(1, file.Line(1), 3);
+  const CellStore::Row row = store.RowAt(0);
+  EXPECT_EQ(row.LeadingText(1), "BH1\"");
+  EXPECT_EQ(row.LeadingText(2), "BH1\",\"\"");
+  EXPECT_EQ(row.LeadingText(3), "BH1\",\"\",\"1.00\"");
+  EXPECT_EQ(row.LeadingText(4), "");  // a cell that is not kept
+  EXPECT_EQ(row.LeadingText(0), "");
+  EXPECT_EQ(row.LeadingCount(3, 0), 0U);
+  EXPECT_EQ(row.LeadingCount(3, 3), 0U);
+  EXPECT_EQ(row.LeadingCount(3, 4), 1U);
+  EXPECT_EQ(row.LeadingCount(3, 6), 1U);
+  EXPECT_EQ(row.LeadingCount(3, 7), 2U);
+  EXPECT_EQ(row.LeadingCount(2, 14), 2U);
+  EXPECT_EQ(row.LeadingCount(3, 14), 3U);
+}
+
+TEST(CellStore, RowsOfOtherLinesHaveNoLeadingText) {
+  const FileText file = FileOf("BH1,1.00\nother");
+  CellStore store(file.Whole());
+  const std::string_view line = file.Line(1);
+  store.AddRow(1, {line.substr(0, 3), line.substr(4)});
+  store.AddRow(2, {"elsewhere", "1.00"});
+  EXPECT_EQ(store.RowAt(0).LeadingText(1), "");
+  EXPECT_EQ(store.RowAt(1).LeadingText(1), "");
+}
+
 TEST(CellStore, KeepsAsManyCellsAsAreWanted) {
   const FileText file = FileOf("\"a\",\"b\",\"c\",\"d\"\n\"e\"");
   CellStore store(file.Whole());

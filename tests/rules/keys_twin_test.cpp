@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <string>
 #include <vector>
@@ -15,13 +16,34 @@
 namespace quorvane::test {
 namespace {
 
-/// Fills a file with a parent group, once or twice, and a group that refers to it. Few different
-/// values occur, mostly one hole behind the other, some of them with commas or in small letters.
+using Values = std::vector<std::string_view>;
+
+/// A parent group, once or twice, and a group that refers to it. Few different values occur, mostly
+/// one hole behind the other, some of them with commas or in small letters; in some files the keys
+/// of a hole go up or down. Some rows stand in the file as regular lines, others do not.
 class RandomKeys {
  public:
-  explicit RandomKeys(std::uint32_t seed) : random_(seed) {}
+  explicit RandomKeys(std::uint32_t seed) : random_(seed), isNumeric_(random_.OneIn(2)) {
+    isOrdered_ = random_.OneIn(2);
+    groups_.push_back(MakeGroup("SAMP", 1, 3));
+    if (random_.OneIn(3)) groups_.push_back(MakeGroup("SAMP", 1, random_.OneIn(2) ? 3 : 2));
+    groups_.push_back(MakeGroup("LLPL", 2, 4));
+  }
 
-  void Fill(CheckedFile& file) {
+  /// The rows as lines of a file.
+  std::string Text() const {
+    std::string text;
+    for (const RandomGroup& group : groups_) {
+      for (const RandomRow& row : group.rows) {
+        for (const std::string_view value : row.values)
+          text.append(&value == row.values.data() ? "\"" : ",\"").append(value).append("\"");
+        text += '\n';
+      }
+    }
+    return text + "\"end\"";  // lines that are empty at the end would not be the file's
+  }
+
+  void Fill(CheckedFile& file) const {
     DictGroup samples;
     samples.Name = "SAMP";
     DictGroup limits;
@@ -29,51 +51,87 @@ class RandomKeys {
     limits.ParentGroup = "SAMP";
     file.dictionary.AddGroup(samples);
     file.dictionary.AddGroup(limits);
-    const bool isSplit = random_.OneIn(3);
-    AddGroup(file.table, "SAMP", 1, 3);
-    if (isSplit) AddGroup(file.table, "SAMP", 1, random_.OneIn(2) ? 3 : 2);
-    AddGroup(file.table, "LLPL", 2, 4);
+    std::int32_t line = 0;
+    for (const RandomGroup& group : groups_)
+      AddGroup(file, group, line);
   }
 
  private:
-  void AddGroup(GroupTable& table, const std::string& name, int dictionaryIndex, int keyLength) {
-    const int group = table.AddGroup(name, line_);
+  struct RandomRow {
+    Values values;
+    bool isLine = false;
+  };
+
+  struct RandomGroup {
+    std::string name;
+    int dictionaryIndex = 0;
+    int keyLength = 0;
+    std::vector<RandomRow> rows;
+  };
+
+  RandomGroup MakeGroup(const std::string& name, int dictionaryIndex, int keyLength) {
+    RandomGroup group{name, dictionaryIndex, keyLength, {}};
+    const std::size_t rowCount = random_.Below(40);
+    for (std::size_t row = 0; row < rowCount; ++row)
+      group.rows.push_back(
+          {MakeValues(row, static_cast<std::size_t>(keyLength)), !random_.OneIn(4)});
+    return group;
+  }
+
+  void AddGroup(CheckedFile& file, const RandomGroup& random, std::int32_t& line) const {
+    GroupTable& table = file.table;
+    const int group = table.AddGroup(random.name, line);
     table.At(group).isKeyed = true;
-    table.At(group).dictionaryIndex = dictionaryIndex;
-    for (int column = 1; column <= keyLength; ++column) {
+    table.At(group).dictionaryIndex = random.dictionaryIndex;
+    for (int column = 1; column <= random.keyLength; ++column) {
       table.AddHeading(std::vector<std::string>{"LOCA_ID", "SAMP_TOP", "SAMP_REF",
                                                 "SPEC_REF"}[static_cast<std::size_t>(column - 1)]);
       table.At(group).keyColumns.push_back(column);
-      if (column == 2) table.At(group).numericKeyColumns.push_back(column);
+      if (column == 2 && isNumeric_) table.At(group).numericKeyColumns.push_back(column);
     }
-    const std::size_t rowCount = random_.Below(40);
-    for (std::size_t row = 0; row < rowCount; ++row)
-      table.AddRow(++line_, Values(static_cast<std::size_t>(keyLength)));
+    for (const RandomRow& row : random.rows) {
+      ++line;
+      if (!row.isLine || table.AddRegularRow(line, file.text.Line(line)) == 0)
+        table.AddRow(line, row.values);
+    }
   }
 
-  std::vector<std::string_view> Values(std::size_t count) {
+  Values MakeValues(std::size_t row, std::size_t count) {
     static constexpr std::string_view holes[] = {"BH1", "BH2", "bh1", "BH1,1", "", "BH1 "};
     static constexpr std::string_view depths[] = {"1",   "1.0", "1.00", "2.50",   "2.5", "x",
                                                   "1,2", "",    "+1",   "0.1e1 ", "-0"};
     static constexpr std::string_view names[] = {"A", "a", "B", "", "2", "1,A"};
-    if (random_.OneIn(4)) hole_ = random_.Pick(holes);
-    std::vector<std::string_view> values{hole_, random_.Pick(depths), random_.Pick(names),
-                                         random_.Pick(names)};
+    static constexpr std::string_view rising[] = {"0.063", "0.15", "0.2", "0.212", "1",   "1.25",
+                                                  "1.3",   "2",    "9",   "10",    "10.5"};
+    if (random_.OneIn(isOrdered_ ? 12 : 4)) hole_ = random_.Pick(holes);
+    Values values{hole_, random_.Pick(depths), random_.Pick(names), random_.Pick(names)};
+    if (isOrdered_ && !random_.OneIn(10)) {
+      values[1] = rising[row % std::size(rising)];
+      values[2] = names[row / std::size(rising)];
+    }
     values.resize(count);
     return values;
   }
 
   RandomText random_;
-  std::int32_t line_ = 0;
+  bool isNumeric_;
+  bool isOrdered_ = false;
   std::string_view hole_ = "BH1";
+  std::vector<RandomGroup> groups_;
 };
+
+bool IsNumericPart(const GroupTable& table, int group, int column) {
+  const std::vector<int>& numeric = table.At(group).numericKeyColumns;
+  return std::find(numeric.begin(), numeric.end(), column) != numeric.end();
+}
 
 std::string PlainKey(const GroupTable& table, int group, std::int32_t row, bool isComparable) {
   std::string key;
   for (const int column : table.At(group).keyColumns) {
     if (column != 1) key += ",";
     const std::string_view value = TrimRight(table.Value(group, row, column));
-    key += isComparable && column == 2 ? CanonicalNumber(value) : std::string(value);
+    key += isComparable && IsNumericPart(table, group, column) ? CanonicalNumber(value)
+                                                               : std::string(value);
   }
   return key;
 }
@@ -91,9 +149,10 @@ std::vector<std::vector<std::int32_t>> PlainSort(const GroupTable& table, int gr
 }
 
 TEST(RepeatedKeysTwin, FindsWhatSortingAllRowsFinds) {
-  for (std::uint32_t seed = 1; seed <= 400; ++seed) {
-    CheckDirectly(AgsFormat::Ags4, [seed](CheckedFile& file) {
-      RandomKeys(seed).Fill(file);
+  for (std::uint32_t seed = 1; seed <= 1000; ++seed) {
+    const RandomKeys keys(seed);
+    CheckDirectly(AgsFormat::Ags4, keys.Text(), [&](CheckedFile& file) {
+      keys.Fill(file);
       for (int group = 1; group <= file.table.GroupCount(); ++group) {
         EXPECT_EQ(SortGroupRows(file, group), PlainSort(file.table, group)) << "seed " << seed;
       }
@@ -141,16 +200,17 @@ void PlainParentCheck(CheckedFile& file) {
 
 TEST(ParentKeysTwin, FindsWhatASearchOfAllParentsFinds) {
   std::size_t findingCount = 0;
-  for (std::uint32_t seed = 1; seed <= 400; ++seed) {
-    const auto fill = [seed](CheckedFile& file) {
-      RandomKeys(seed).Fill(file);
+  for (std::uint32_t seed = 1; seed <= 1000; ++seed) {
+    const RandomKeys keys(seed);
+    const auto fill = [&keys](CheckedFile& file) {
+      keys.Fill(file);
       file.table.At(1).dictionaryIndex = 0;  // what SAMP's own parents are is not asked
     };
-    const CheckResult checked = CheckDirectly(AgsFormat::Ags4, [&](CheckedFile& file) {
+    const CheckResult checked = CheckDirectly(AgsFormat::Ags4, keys.Text(), [&](CheckedFile& file) {
       fill(file);
       CheckParentKeys(file);
     });
-    const CheckResult plain = CheckDirectly(AgsFormat::Ags4, [&](CheckedFile& file) {
+    const CheckResult plain = CheckDirectly(AgsFormat::Ags4, keys.Text(), [&](CheckedFile& file) {
       fill(file);
       PlainParentCheck(file);
     });

@@ -5,12 +5,17 @@
 namespace quorvane::test {
 
 CheckResult CheckDirectly(AgsFormat format, const std::function<void(CheckedFile&)>& check) {
+  return CheckDirectly(format, "", check);
+}
+
+CheckResult CheckDirectly(AgsFormat format, std::string_view text,
+                          const std::function<void(CheckedFile&)>& check) {
   RecordingProgressBox box;
   RunLog runLog(box);
   MessageLog log(runLog, false);
   log.SetFormat(format);
-  const FileText text;
-  CheckedFile file(text, format, AgsDictionary(), log);
+  const FileText fileText{ByteBuffer(text)};
+  CheckedFile file(fileText, format, AgsDictionary(), log);
   check(file);
   log.CloseCheckSection("Direct check");
   CheckResult result;

@@ -13,4 +13,8 @@ namespace quorvane::test {
 /// dictionary is empty unless the caller fills it.
 CheckResult CheckDirectly(AgsFormat format, const std::function<void(CheckedFile&)>& check);
 
+/// The same for a file with a text, whose lines the caller puts into the table.
+CheckResult CheckDirectly(AgsFormat format, std::string_view text,
+                          const std::function<void(CheckedFile&)>& check);
+
 }  // namespace quorvane::test

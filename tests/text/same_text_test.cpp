@@ -25,5 +25,19 @@ TEST(SameText, SeesADifferenceAtEveryPlaceOfEveryLength) {
   }
 }
 
+TEST(SameLength, EndsAtTheFirstDifferenceOrWithTheShorterText) {
+  for (std::size_t length = 0; length <= 40; ++length) {
+    const std::string text(length, 'a');
+    EXPECT_EQ(SameLength(text, std::string(text)), length);
+    EXPECT_EQ(SameLength(text, text + "a"), length);
+    EXPECT_EQ(SameLength(text + "a", text), length);
+    for (std::size_t at = 0; at < length; ++at) {
+      std::string other = text;
+      other[at] = 'b';
+      EXPECT_EQ(SameLength(text, other), at);
+    }
+  }
+}
+
 }  // namespace
 }  // namespace quorvane::test
