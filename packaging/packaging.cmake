@@ -12,6 +12,7 @@ if(TARGET quorvane)
 endif()
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION .)
 install(FILES ${PROJECT_SOURCE_DIR}/samples/riverside-delivery.ags DESTINATION samples)
+install(FILES ${PROJECT_SOURCE_DIR}/docs/findings.schema.json DESTINATION docs)
 
 set(CPACK_PACKAGE_NAME quorvane)
 set(CPACK_PACKAGE_VENDOR Vexo)

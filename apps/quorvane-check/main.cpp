@@ -10,6 +10,7 @@
 #include <CLI/CLI.hpp>
 
 #include "dictionary/schema_edition.h"
+#include "findings/findings_format.h"
 #include "run/check_file.h"
 #include "run/environment.h"
 #include "run/standard_streams.h"
@@ -31,6 +32,9 @@ namespace {
 
 constexpr int NothingDone = static_cast<int>(CheckStatus::NotDone);
 
+constexpr const char* TextFormat = "text";       // of --format: the log
+constexpr const char* StandardOutputName = "-";  // of --output
+
 struct Options {
   std::vector<std::string> files;
   std::string dictionary;
@@ -41,6 +45,8 @@ struct Options {
   bool statistics = false;
   std::string settingsFile;
   std::string logFile;
+  std::string format = TextFormat;
+  std::string outputFile;
 };
 
 /// A path that a script has left empty is a mistake, not the wish for none.
@@ -73,17 +79,25 @@ void DescribeDictionaries(CLI::App& app, Options& options) {
 
 /// Throws where options stand together that cannot both be followed.
 void RefuseContradiction(const CLI::App& app) {
-  constexpr std::array<std::pair<const char*, const char*>, 7> contradictions{
+  constexpr std::array<std::pair<const char*, const char*>, 9> contradictions{
       {{"--edition", "--dictionary"},
        {"--which-edition", "--dictionary"},
        {"--which-edition", "--edition"},
        {"--which-edition", "--list"},
        {"--which-edition", "--no-fyi"},
        {"--which-edition", "--statistics"},
-       {"--which-edition", "--log"}}};
+       {"--which-edition", "--log"},
+       {"--which-edition", "--format"},
+       {"--which-edition", "--output"}}};
   for (const auto& [option, other] : contradictions) {
     if (app.count(option) > 0 && app.count(other) > 0) throw CLI::ExcludesError(option, other);
   }
+}
+
+std::vector<std::string> FormatNames() {
+  std::vector<std::string> names = FindingsFormatNames();
+  names.insert(names.begin(), TextFormat);
+  return names;
 }
 
 void Describe(CLI::App& app, Options& options) {
@@ -106,11 +120,29 @@ void Describe(CLI::App& app, Options& options) {
   app.add_option("--log", options.logFile, "Write the log to this file too")
       ->check(RefuseEmpty)
       ->type_name("FILE");
+  app.add_option("--format", options.format,
+                 "Format of the report: the text, or the findings as data (default text)")
+      ->check(CLI::IsMember(FormatNames()))
+      ->type_name("FORMAT");
+  app.add_option("--output", options.outputFile,
+                 "Write the report in that format to this file, the text to standard output")
+      ->check(RefuseEmpty)
+      ->type_name("FILE");
   app.footer(
       "What an option says outranks the settings file, but for the files to check.\n"
       "Exit status: 0 no errors found, 1 errors found or a file that could not be checked,\n"
-      "2 the check could not be made (no files, no settings file, no usable dictionary, log not\n"
-      "written).");
+      "2 the check could not be made (no files, no settings file, no usable dictionary, log or\n"
+      "output not written).");
+}
+
+bool NamesOutputFile(const Options& options) {
+  return !options.outputFile.empty() && options.outputFile != StandardOutputName;
+}
+
+/// The text has one file only.
+void RefuseTwoLogs(const Options& options) {
+  if (options.format == TextFormat && NamesOutputFile(options) && !options.logFile.empty())
+    throw CLI::ValidationError("--output", "--log names a file for the text already");
 }
 
 bool Wants(const Options& options, std::string_view listing) {
@@ -136,6 +168,15 @@ void ApplyOptions(Disk& disk, const Options& options, RunSettings& settings) {
     controls.edition = options.edition;
   }
   if (!options.logFile.empty()) settings.logFile = PathToWrite(options.logFile);
+  if (options.format == TextFormat && NamesOutputFile(options))
+    settings.logFile = PathToWrite(options.outputFile);
+}
+
+/// Where findings go as data; nothing when only the text is wanted.
+std::optional<FindingsOutput> FindingsOutputOf(const Options& options) {
+  const std::optional<FindingsFormat> format = FindingsFormatNamed(options.format);
+  if (!format) return std::nullopt;
+  return FindingsOutput{*format, NamesOutputFile(options) ? PathToWrite(options.outputFile) : ""};
 }
 
 /// The settings of the console program; nothing when a settings file is missing.
@@ -173,6 +214,7 @@ int Main(const std::vector<std::string>& arguments) {
   try {
     app.parse(std::vector<std::string>(sorted.others.rbegin(), sorted.others.rend()));
     RefuseContradiction(app);
+    RefuseTwoLogs(options);
   } catch (const CLI::ParseError& outcome) {
     return app.exit(outcome) == 0 ? 0 : NothingDone;
   }
@@ -184,7 +226,8 @@ int Main(const std::vector<std::string>& arguments) {
   if (options.whichEdition) {
     return ListEditionsOnConsole(disk, environment, settings->controls.filesToCheck);
   }
-  return CheckOnConsole(disk, environment, *settings, LogOutput::StandardOutput);
+  return CheckOnConsole(disk, environment, *settings, LogOutput::StandardOutput,
+                        FindingsOutputOf(options));
 }
 
 }  // namespace

@@ -79,7 +79,8 @@ class PackageTest(unittest.TestCase):
         licences = PACKAGE / "licences"
         self.assertIn("relink.zip", (licences / "README.txt").read_text())
         for text in ("qt/LGPL-3.0-only.txt", "qt/GPL-3.0-only.txt", "qt/copyright.txt",
-                     "libcli11-dev.txt", "gcc-mingw-w64-base.txt", "mingw-w64-x86-64-dev.txt"):
+                     "libcli11-dev.txt", "nlohmann-json3-dev.txt", "gcc-mingw-w64-base.txt",
+                     "mingw-w64-x86-64-dev.txt"):
             self.assertGreater((licences / text).stat().st_size, 1000, text)
 
     def test_programs_need_no_library_of_their_compiler(self):

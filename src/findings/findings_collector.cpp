@@ -15,6 +15,9 @@ namespace {
 /// row at all.
 constexpr std::size_t MostLineBytes = 4000;
 
+/// Of the AGS 3 dictionary that the program carries itself.
+constexpr std::string_view Ags3Edition = "3.1";
+
 std::string WithoutQuestionMark(std::string_view name) {
   return ToUtf8(name.starts_with('?') ? name.substr(1) : name);
 }
@@ -138,7 +141,8 @@ class FileRecorder {
     if (!intake.version) return;
     record_.format = intake.version->format;
     record_.dictionary = ToUtf8(intake.schemaPath);
-    record_.edition = EditionOfSchema(intake.schemaPath);
+    const bool isOwnDictionary = intake.schemaPath.empty() && record_.format == AgsFormat::Ags3;
+    record_.edition = isOwnDictionary ? Ags3Edition : EditionOfSchema(intake.schemaPath);
     if (result_.checked != nullptr) {
       record_.statedVersion = ToUtf8(Trim(result_.checked->versionText));
       record_.groups = RecordGroups(result_.checked->table);

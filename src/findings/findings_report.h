@@ -77,7 +77,7 @@ struct FileRecord {
   std::optional<AgsFormat> format;  // nothing when it was not decided
   std::string statedVersion;        // "3.1", "4.1": what the file itself says; empty when not read
   std::string dictionary;           // path of the schema; empty for the AGS 3 one of the program
-  std::string edition;              // of the schema, when it is one that comes with the program
+  std::string edition;              // of the dictionary, when it comes with the program
 
   SeverityCounts counts;
   std::vector<std::string> sections;

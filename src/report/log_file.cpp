@@ -4,15 +4,20 @@
 
 namespace quorvane {
 
+bool SaveFile(Disk& disk, UserMessages& messages, const std::string& path, std::string_view text,
+              std::string_view ending) {
+  const std::optional<FileFailure> failure = disk.Write(path, text, ending);
+  if (!failure) return false;
+  std::string words = "Could not save to file " + path;
+  words.append(LineBreak).append("Error:  ").append(std::to_string(failure->number));
+  words.append(LineBreak).append(failure->description);
+  messages.ShowBox("Quorvane", words, BoxKind::Critical);
+  return true;
+}
+
 bool SaveLogFile(Disk& disk, UserMessages& messages, const std::string& path,
                  std::string_view fullLogText) {
-  const std::optional<FileFailure> failure = disk.Write(path, fullLogText, LineBreak);
-  if (!failure) return false;
-  std::string text = "Could not save to file " + path;
-  text.append(LineBreak).append("Error:  ").append(std::to_string(failure->number));
-  text.append(LineBreak).append(failure->description);
-  messages.ShowBox("Quorvane", text, BoxKind::Critical);
-  return true;
+  return SaveFile(disk, messages, path, fullLogText, LineBreak);
 }
 
 void ViewReport(Disk& disk, UserMessages& messages, SaveDialog& dialog, TextEditor& editor,

@@ -27,8 +27,12 @@ class TextEditor {
   virtual void Open(const std::string& path) = 0;
 };
 
-/// Writes the full log text and a line break to a file, replacing its content. When that fails it
+/// Writes two texts, one behind the other, to a file, replacing its content. When that fails it
 /// shows the box that says why and returns true.
+bool SaveFile(Disk& disk, UserMessages& messages, const std::string& path, std::string_view text,
+              std::string_view ending);
+
+/// The same with the full log text and a line break.
 bool SaveLogFile(Disk& disk, UserMessages& messages, const std::string& path,
                  std::string_view fullLogText);
 

@@ -127,8 +127,24 @@ std::error_code WriteToStream(std::FILE* stream, std::string_view text) {
   return ShowOnTerminal(stream, TerminalText(text)) ? std::error_code() : LastError();
 }
 
+std::error_code WriteBytesToStream(std::FILE* stream, std::string_view bytes) {
+  if (!IsTerminal(stream)) return WriteBytes(stream, bytes) ? std::error_code() : LastError();
+  std::string shown;
+  for (std::size_t end = bytes.find('\n'); end != std::string_view::npos; end = bytes.find('\n')) {
+    std::string_view line = bytes.substr(0, end);
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    shown.append(line).append(LineBreak);
+    bytes.remove_prefix(end + 1);
+  }
+  return WriteToStream(stream, shown.append(bytes));
+}
+
 void StandardOutput::Write(std::string_view text) {
   if (!failure_) failure_ = WriteToStream(stdout, text);
+}
+
+void StandardOutput::WriteBytes(std::string_view bytes) {
+  if (!failure_) failure_ = WriteBytesToStream(stdout, bytes);
 }
 
 void StandardOutput::Flush() {

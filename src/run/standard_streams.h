@@ -18,10 +18,19 @@ void PrepareStandardStreams();
 /// are shown as text. Returns the system's error when something could not be written.
 std::error_code WriteToStream(std::FILE* stream, std::string_view text);
 
-/// The log on its way to standard output.
+/// Writes bytes as they are, for what other programs read. On a terminal they are shown as lines
+/// that end with LF or CR LF, control characters as text. Returns the system's error when something
+/// could not be written.
+std::error_code WriteBytesToStream(std::FILE* stream, std::string_view bytes);
+
+/// What the program gives out on its way to standard output.
 class StandardOutput {
  public:
+  /// Writes a text with the platform's line ends.
   void Write(std::string_view text);
+
+  /// Writes bytes as they are.
+  void WriteBytes(std::string_view bytes);
 
   /// Hands on what has been written so far.
   void Flush();

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <optional>
+#include <string>
+
+#include "findings/findings_format.h"
 #include "report/disk.h"
 #include "run/environment.h"
 #include "ui/settings_file.h"
@@ -12,10 +16,16 @@ enum class LogOutput {
   LogFileOnly,     // to standard output only when the settings name none or it cannot be written
 };
 
+/// What a run found as data, and where it goes.
+struct FindingsOutput {
+  FindingsFormat format = FindingsFormat::Json;
+  std::string file;  // empty: standard output, which the log then leaves to it
+};
+
 /// Makes a check without a window and writes its log: the run of the console program, and of the
-/// desktop program where there is no display. Boxes and notes go to the error stream. Returns the
-/// exit status.
+/// desktop program where there is no display. Boxes and notes go to the error stream. Findings are
+/// written as data too where that is wanted. Returns the exit status.
 int CheckOnConsole(Disk& disk, Environment& environment, const RunSettings& settings,
-                   LogOutput output);
+                   LogOutput output, const std::optional<FindingsOutput>& findings = std::nullopt);
 
 }  // namespace quorvane

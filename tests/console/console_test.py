@@ -5,6 +5,9 @@ Usage: console_test.py PROGRAM SAMPLE [EMULATOR]
 The emulator runs a program that was built for Windows.
 """
 
+import csv
+import io
+import json
 import os
 import pathlib
 import shutil
@@ -189,8 +192,9 @@ class ConsoleTest(ConsoleCase):
                          [b"quorvane-check", b"10.00.01.07"])
         run = self.run_program("--help")
         self.assertEqual((run.returncode, run.stderr), (0, b""))
-        for option in (b"--dictionary", b"--edition", b"--which-edition", b"--list", b"--no-fyi", b"--statistics", b"--settings",
-                       b"--log", b"/SETTINGSFILE="):
+        for option in (b"--dictionary", b"--edition", b"--which-edition", b"--list", b"--no-fyi",
+                       b"--statistics", b"--settings", b"--log", b"--format", b"--output",
+                       b"/SETTINGSFILE="):
             self.assertIn(option, run.stdout)
 
     def test_missing_parent_is_chosen_and_named(self):
@@ -338,10 +342,160 @@ class EditionTest(ConsoleCase):
     def test_which_edition_makes_no_report(self):
         self.write("site.ags", ags4_file())
         for options in (["--dictionary", self.schema("4.1")], ["--edition", "auto"],
-                        ["--list", "lines"], ["--no-fyi"], ["--statistics"], ["--log", "log.txt"]):
+                        ["--list", "lines"], ["--no-fyi"], ["--statistics"], ["--log", "log.txt"],
+                        ["--format", "json"], ["--output", "out.txt"]):
             run = self.run_program("--which-edition", *options, "site.ags")
             self.assertEqual((run.returncode, run.stdout), (2, b""), options)
             self.assertIn(f"--which-edition excludes {options[0]}".encode(), run.stderr)
+
+
+DATA_FORMATS = ("json", "ndjson", "csv", "sarif")
+
+
+class FormatTest(ConsoleCase):
+    """Where findings go as data, and what of the text is left."""
+
+    def setUp(self):
+        super().setUp()
+        self.write("quotes.ags", TEN_FINDINGS)
+
+    def text_report(self):
+        return without_dates(self.run_program("quotes.ags").stdout)
+
+    def test_data_takes_the_place_of_the_text(self):
+        for name in DATA_FORMATS:
+            run = self.run_for_bytes("--format", name, "quotes.ags")
+            self.assertEqual((run.returncode, run.stderr), (1, b""), name)
+            self.assertNotIn(b"SUMMARY:", run.stdout)
+            self.assertIn(b"field.missing-quotes", run.stdout)
+            self.assertEqual(self.run_for_bytes("--format", name, "--output", "-",
+                                                "quotes.ags").returncode, 1)
+            self.assertFalse((self.folder / "-").exists())
+
+    def test_an_output_file_leaves_the_text_as_it_is(self):
+        text = self.text_report()
+        for name in DATA_FORMATS:
+            run = self.run_program("--format", name, "--output", "findings", "quotes.ags")
+            self.assertEqual((run.returncode, run.stderr), (1, b""), name)
+            self.assertEqual(without_dates(run.stdout), text)
+            self.assertIn(b"field.missing-quotes", (self.folder / "findings").read_bytes())
+
+    def test_an_output_file_has_the_bytes_of_standard_output(self):
+        for name in DATA_FORMATS:
+            output = self.run_for_bytes("--format", name, "quotes.ags").stdout
+            self.run_program("--format", name, "--output", "findings", "quotes.ags")
+            written = (self.folder / "findings").read_bytes()
+            self.assertEqual([line for line in written.split(b"\n") if b"start" not in line.lower()],
+                             [line for line in output.split(b"\n") if b"start" not in line.lower()])
+            ends = written.count(b"\r\n"), written.count(b"\n")
+            self.assertEqual(ends[0], ends[1] if name == "csv" else 0, name)
+
+    def test_an_output_file_is_replaced(self):
+        self.write("findings.json", b"old" * 100000)
+        self.run_program("--format", "json", "--output", "findings.json", "quotes.ags")
+        json.loads((self.folder / "findings.json").read_bytes())
+
+    def test_the_log_stays_text(self):
+        run = self.run_program("--format", "json", "--log", "log.txt", "quotes.ags")
+        json.loads(run.stdout)
+        log = (self.folder / "log.txt").read_bytes()
+        self.assertEqual(without_dates(log), self.text_report())
+
+    def test_output_of_text_is_a_log(self):
+        for words in ([], ["--format", "text"]):
+            run = self.run_program(*words, "--output", "log.txt", "quotes.ags")
+            self.assertEqual((run.returncode, run.stderr), (1, b""))
+            log = (self.folder / "log.txt").read_bytes()
+            self.assertEqual(log.replace(b"\r\n", b"\n"), run.stdout)
+            (self.folder / "log.txt").unlink()
+
+    def test_text_to_standard_output_is_the_report_alone(self):
+        for words in (["--format", "text"], ["--output", "-"]):
+            run = self.run_program(*words, "quotes.ags")
+            self.assertEqual(without_dates(run.stdout), self.text_report())
+            self.assertFalse((self.folder / "-").exists())
+
+    def test_two_files_for_the_text_are_refused(self):
+        run = self.run_program("--output", "a.txt", "--log", "b.txt", "quotes.ags")
+        self.assertEqual((run.returncode, run.stdout), (2, b""))
+        self.assertIn(b"--output: --log names a file for the text already", run.stderr)
+        run = self.run_program("--output", "-", "--log", "b.txt", "quotes.ags")
+        self.assertEqual(run.returncode, 1)
+
+    def test_formats_that_do_not_exist_are_refused(self):
+        for name in ("xml", "JSON", ""):
+            run = self.run_program("--format", name, "quotes.ags")
+            self.assertEqual((run.returncode, run.stdout), (2, b""), name)
+            self.assertIn(b"--format", run.stderr)
+
+    def test_output_that_cannot_be_written(self):
+        text = self.text_report()
+        for name in (*DATA_FORMATS, "text"):
+            run = self.run_program("--format", name, "--output", self.folder / "no" / "out",
+                                   "quotes.ags")
+            self.assertEqual(run.returncode, 2, name)
+            self.assertIn(b"Quorvane: Could not save to file ", run.stderr)
+            self.assertEqual(without_dates(run.stdout), text)
+
+    def test_log_that_cannot_be_written_does_not_come_between_data(self):
+        run = self.run_program("--format", "json", "--log", self.folder / "no" / "log.txt",
+                               "quotes.ags")
+        self.assertEqual(run.returncode, 2)
+        self.assertIn(b"Quorvane: Could not save to file ", run.stderr)
+        self.assertEqual(json.loads(run.stdout)["run"]["status"], "errors")
+
+    def test_nothing_to_check_gives_no_data(self):
+        for words in ([], ["--output", "findings"]):
+            run = self.run_program("--format", "json", *words)
+            self.assertEqual((run.returncode, run.stdout), (2, b""))
+            self.assertFalse((self.folder / "findings").exists())
+
+    def test_a_run_that_ends_early_is_written_whole_and_says_so(self):
+        self.write("bad.gas", b"no schema\r\n")
+        run = self.run_program("--format", "json", "--dictionary", "bad.gas", "quotes.ags",
+                               "other.ags")
+        self.assertEqual(run.returncode, 2)
+        self.assertIn(b"AGS Dictionary Load: Not a Vexo AGS Schema file", run.stderr)
+        log = json.loads(run.stdout)
+        self.assertEqual(log["run"]["status"], "not-done")
+        self.assertEqual(log["run"]["options"]["dictionary"], "bad.gas")
+        self.assertEqual([file["path"] for file in log["files"]], ["quotes.ags", "other.ags"])
+        for file in log["files"]:
+            self.assertFalse(file["checkedToTheEnd"])
+            self.assertIn("Not a Vexo AGS Schema file", file["reason"])
+
+    def test_files_that_cannot_be_read_are_there_with_the_reason(self):
+        run = self.run_program("--format", "json", "missing.ags", "quotes.ags")
+        self.assertEqual(run.returncode, 1)
+        self.assertEqual(run.stderr.split(), b"missing.ags: File not found".split())
+        missing, found = json.loads(run.stdout)["files"]
+        self.assertEqual((missing["reason"], missing["checkedToTheEnd"]), ("File not found", False))
+        self.assertEqual(missing["findings"], [])
+        self.assertEqual(found["agsVersion"], "3")
+        self.assertEqual(found["edition"], "3.1")
+
+    def test_options_are_named(self):
+        run = self.run_program("--format", "json", "--list", "lines,severity", "--no-fyi",
+                               "--statistics", "quotes.ags")
+        self.assertEqual(json.loads(run.stdout)["run"]["options"],
+                         {"listings": ["lines", "severity"], "noFyi": True, "statistics": True})
+
+    def test_awkward_content_stays_data(self):
+        # Not quoted values are named in the findings about them.
+        values = ["=HYPERLINK(1)", "a\x00b", "\xfc\x80", "{0}", "\x1b[2J"]
+        content = TEN_FINDINGS + b"\r\n" + "\r\n".join(values).encode("latin-1") + b"\r\n"
+        self.write("odd.ags", content)
+        log = json.loads(self.run_program("--format", "json", "odd.ags").stdout)
+        texts = "\n".join(finding["text"] for finding in log["files"][0]["findings"])
+        for value in ("=HYPERLINK(1)", "\u00fc\u20ac", "{0}", "\x1b[2J"):
+            self.assertIn(value, texts)
+        output = self.run_for_bytes("--format", "csv", "odd.ags").stdout.decode("utf-8-sig")
+        rows = list(csv.DictReader(io.StringIO(output, newline=""), strict=True))
+        keys = [row["key"] for row in rows]
+        self.assertIn("'=HYPERLINK(1)", keys)
+        self.assertIn("\\x1B[2J", keys)
+        self.assertNotIn("\x1b", output)
+        self.assertNotIn("\x00", output)
 
 
 class SettingsTest(ConsoleCase):
@@ -423,6 +577,20 @@ class SettingsTest(ConsoleCase):
         self.assertIn(b"DATA STATISTICS", run.stdout)
         self.assertTrue((self.folder / "of-the-option.txt").exists())
         self.assertFalse((self.folder / "of-the-file.txt").exists())
+
+    def test_output_of_text_outranks_the_settings_files_log(self):
+        self.write("clean.ags")
+        self.write_settings("FILESTOCHECK=clean.ags", "LOGFILE=of-the-file.txt")
+        self.run_program("--settings", "settings.txt", "--output", "of-the-option.txt")
+        self.assertTrue((self.folder / "of-the-option.txt").exists())
+        self.assertFalse((self.folder / "of-the-file.txt").exists())
+
+    def test_data_goes_beside_the_settings_files_log(self):
+        self.write("clean.ags")
+        self.write_settings("FILESTOCHECK=clean.ags", "LOGFILE=log.txt")
+        run = self.run_program("--settings", "settings.txt", "--format", "json")
+        self.assertEqual(json.loads(run.stdout)["run"]["status"], "clean")
+        self.assertIn(b"SUMMARY:", (self.folder / "log.txt").read_bytes())
 
     def test_listings_are_those_of_the_settings_file(self):
         self.write("quotes.ags", TEN_FINDINGS)
@@ -536,7 +704,7 @@ class SettingsTest(ConsoleCase):
 
     def test_empty_paths_are_refused(self):
         self.write("clean.ags")
-        for option in ("--settings", "--log", "--dictionary"):
+        for option in ("--settings", "--log", "--dictionary", "--output"):
             run = self.run_program("clean.ags", option, "")
             self.assertEqual((run.returncode, run.stdout), (2, b""), option)
             self.assertIn(f"{option}: the path is empty".encode(), run.stderr)

@@ -427,6 +427,33 @@ class StandardOutput(Faults):
         self.assertIn(NO_PROBLEMS, run.stdout)
 
 
+class Data(Faults):
+    """Findings as data where they cannot be written, or not as a whole."""
+
+    def test_on_a_full_device(self):
+        for name in ("json", "ndjson", "csv", "sarif"):
+            with self.subTest(name):
+                self.assert_not_saved(self.run_program("clean.ags", "--format", name, "--output",
+                                                       "/dev/full"), "No space left on device")
+
+    def test_that_does_not_fit_leaves_the_old_file(self):
+        old = self.folder / "findings.json"
+        old.write_bytes(OLD_LOG)
+        run = self.run_program("clean.ags", "--format", "json", "--output", "findings.json",
+                               limits=[(resource.RLIMIT_FSIZE, 300)])
+        self.assert_not_saved(run, "File too large")
+        self.assertEqual(old.read_bytes(), OLD_LOG)
+        self.assertEqual(self.names(), ["clean.ags", "findings.json"])
+
+    def test_lost_on_standard_output(self):
+        for name in ("json", "ndjson", "csv", "sarif"):
+            with self.subTest(name), open("/dev/full", "wb") as full:
+                run = self.run_program("clean.ags", "--format", name, stdout=full)
+                self.assertEqual(run.returncode, 2)
+                self.assertIn(b"Could not write the report to standard output", run.stderr)
+                self.assertIn(b"No space left on device", run.stderr)
+
+
 class Terminal(Faults):
     """Control characters of a file, on a terminal and elsewhere."""
 
@@ -470,6 +497,17 @@ class Terminal(Faults):
         self.assertEqual(status, 1)
         self.assertEqual(output.count(b"no\\x1B[2J\\x07file.ags"), 2, "in the log and as an error")
         self.assertNotIn(b"\x1b", output)
+
+    def test_shows_those_in_data_as_text(self):
+        # The name holds a control character of two bytes, which JSON need not escape.
+        (self.folder / "a\u009b2J.ags").write_bytes(self.FORGED)
+        for name in ("json", "ndjson", "csv", "sarif"):
+            with self.subTest(name):
+                status, output = self.run_on_terminal("--format", name, "a\u009b2J.ags")
+                self.assertEqual(status, 1)
+                self.assertIn(b"field.missing-quotes", output)
+                for control in (b"\x1b", b"\r", b"\x07", b"\xc2\x9b"):
+                    self.assertNotIn(control, output)
 
     def test_passes_them_on_elsewhere(self):
         run = self.run_program("forged.ags", "--log", "log.txt")

@@ -19,7 +19,8 @@ CPACK = sys.argv[3]
 PROGRAMS = ["quorvane", "quorvane-check"]
 SCHEMAS = [f"{name} dict.gas" for name in ("ags4", "ags404", "ags41", "ags411", "ags42")]
 FILES = sorted([f"bin/{name}" for name in PROGRAMS + SCHEMAS] +
-               ["LICENSE", "docs/vexo_quorvane.pdf", "samples/riverside-delivery.ags"])
+               ["LICENSE", "docs/findings.schema.json", "docs/vexo_quorvane.pdf",
+                "samples/riverside-delivery.ags"])
 SAMPLE_SUMMARY = b"SUMMARY:  8 total errors or warnings or informational messages"
 
 

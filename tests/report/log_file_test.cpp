@@ -48,6 +48,12 @@ TEST(SaveLogFile, WritesTheTextAndALineBreak) {
   EXPECT_THAT(desk.messages.boxes, IsEmpty());
 }
 
+TEST(SaveFile, WritesTheTextsAsTheyAre) {
+  Desk desk;
+  EXPECT_FALSE(SaveFile(desk.disk, desk.messages, "out.csv", "line\n", "end"));
+  EXPECT_EQ(desk.disk.files.at("out.csv"), "line\nend");
+}
+
 TEST(SaveLogFile, SaysWhyItFailed) {
   Desk desk;
   desk.disk.writeFailures["C:\\Logs\\Out.txt"] = {70, "Permission denied"};

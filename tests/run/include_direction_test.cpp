@@ -89,11 +89,17 @@ bool IsOfOtherLibrary(std::string_view header) {
   return isQt || header.starts_with("CLI/") || header.starts_with("CLI11");
 }
 
+/// The one library beside the standard one that the core uses, and only to write and read data.
+bool IsOfJsonLibrary(std::string_view header) {
+  return header.starts_with("nlohmann/");
+}
+
 /// Why a file of src, named by its path from there, must not include a header; empty when it may.
 std::string Objection(const std::string& path, std::string_view quotedHeader) {
   const std::string header(quotedHeader.substr(1, quotedHeader.size() - 2));
   const std::string folder = FolderOf(path);
   if (folder != "ui" && IsOfOtherLibrary(header)) return "the core needs the standard library only";
+  if (folder != "findings" && IsOfJsonLibrary(header)) return "JSON belongs to findings";
   if (quotedHeader.starts_with('<')) return {};
   if (header.find('/') == std::string::npos) return "headers are named with their folder";
 
@@ -224,6 +230,15 @@ TEST(IncludeDirection, KeepsOtherLibrariesOutOfTheCore) {
   }
   EXPECT_THAT(Objections("ui/main_window.cpp", "#include <QMainWindow>\n"), IsEmpty());
   EXPECT_THAT(Objections("text/file.h", "#include <string>\n#include <queue>\n"), IsEmpty());
+}
+
+TEST(IncludeDirection, KeepsJsonInFindings) {
+  for (const std::string header : {"<nlohmann/json.hpp>", "<nlohmann/json_fwd.hpp>"}) {
+    const std::string line = "#include " + header + "\n";
+    EXPECT_THAT(Objections("findings/file.cpp", line), IsEmpty()) << header;
+    EXPECT_THAT(Objections("run/file.cpp", line), SizeIs(1)) << header;
+    EXPECT_THAT(Objections("ui/file.cpp", line), SizeIs(1)) << header;
+  }
 }
 
 TEST(IncludeDirection, WantsHeadersNamedWithTheirFolder) {

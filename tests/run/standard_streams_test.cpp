@@ -15,11 +15,13 @@ struct FileCloser {
   void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
 };
 
+using Writer = std::error_code (*)(std::FILE*, std::string_view);
+
 /// What a file holds after a text was written to it as to a stream.
-std::string Written(std::string_view text) {
+std::string Written(std::string_view text, Writer write = WriteToStream) {
   const std::unique_ptr<std::FILE, FileCloser> file(std::tmpfile());
   if (!file) return "no temporary file";
-  EXPECT_FALSE(WriteToStream(file.get(), text));
+  EXPECT_FALSE(write(file.get(), text));
   std::rewind(file.get());
   std::string content;
   for (int letter = std::fgetc(file.get()); letter != EOF; letter = std::fgetc(file.get()))
@@ -61,6 +63,13 @@ TEST(WriteToStream, ALineBreakMayStandAnywhere) {
       EXPECT_EQ(Written(text), Expected(text));
     }
   }
+}
+
+TEST(WriteBytesToStream, LeavesEveryByteAsItIs) {
+  using namespace std::string_literals;
+  for (const std::string& bytes :
+       {""s, "a\r\nb\nc\rd"s, "\0\x1B[2J\xFF"s, std::string(1'000'000, '\n')})
+    EXPECT_EQ(Written(bytes, WriteBytesToStream), bytes);
 }
 
 }  // namespace

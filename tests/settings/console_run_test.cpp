@@ -1,5 +1,6 @@
 #include "ui/console_run.h"
 
+#include <optional>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -23,11 +24,11 @@ std::string WithLogLineEnds(std::string_view text) {
 
 class ConsoleRunTest : public testing::Test {
  protected:
-  Outcome Check(LogOutput output) {
+  Outcome Check(LogOutput output, const std::optional<FindingsOutput>& findings = std::nullopt) {
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     Outcome outcome;
-    outcome.status = CheckOnConsole(disk_, environment_, settings_, output);
+    outcome.status = CheckOnConsole(disk_, environment_, settings_, output, findings);
     outcome.output = WithLogLineEnds(testing::internal::GetCapturedStdout());
     outcome.errors = WithLogLineEnds(testing::internal::GetCapturedStderr());
     return outcome;
@@ -88,6 +89,66 @@ TEST_F(ConsoleRunTest, WritesNoLogWhereThereIsNothingToCheck) {
   EXPECT_EQ(outcome.output, "");
   EXPECT_EQ(outcome.errors, "Check Files: Supply files to check\r\n");
   EXPECT_FALSE(disk_.files.contains("log.txt"));
+}
+
+constexpr std::string_view MissingFileAsData = R"("reason":"File not found")";
+
+TEST_F(ConsoleRunTest, FindingsTakeThePlaceOfTheLog) {
+  settings_.controls.filesToCheck = "missing.ags";
+  const Outcome outcome =
+      Check(LogOutput::StandardOutput, FindingsOutput{FindingsFormat::Json, ""});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_TRUE(outcome.output.starts_with('{'));
+  EXPECT_TRUE(outcome.output.ends_with("}\r\n"));
+  EXPECT_NE(outcome.output.find(MissingFileAsData), std::string::npos);
+  EXPECT_EQ(outcome.errors, "missing.ags: File not found\r\n");
+}
+
+TEST_F(ConsoleRunTest, FindingsInAFileLeaveTheLogAsItIs) {
+  settings_.controls.filesToCheck = "missing.ags";
+  const Outcome log = Check(LogOutput::StandardOutput);
+  const Outcome outcome =
+      Check(LogOutput::StandardOutput, FindingsOutput{FindingsFormat::Json, "findings.json"});
+  EXPECT_EQ(outcome.status, log.status);
+  EXPECT_EQ(outcome.output, log.output);
+  EXPECT_EQ(outcome.errors, log.errors);
+  EXPECT_NE(disk_.files["findings.json"].find(MissingFileAsData), std::string::npos);
+  EXPECT_TRUE(disk_.files["findings.json"].ends_with("}\n"));
+}
+
+TEST_F(ConsoleRunTest, FindingsThatCannotBeSavedAreAFailure) {
+  settings_.controls.filesToCheck = "missing.ags";
+  const std::string log = Check(LogOutput::StandardOutput).output;
+  disk_.writeFailures["findings.json"] = {28, "No space left on device"};
+  const Outcome outcome =
+      Check(LogOutput::StandardOutput, FindingsOutput{FindingsFormat::Json, "findings.json"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.output, log);
+  EXPECT_EQ(outcome.errors,
+            "missing.ags: File not found\r\n"
+            "Quorvane: Could not save to file findings.json\r\n"
+            "Error:  28\r\n"
+            "No space left on device\r\n");
+}
+
+TEST_F(ConsoleRunTest, ALogThatCannotBeSavedDoesNotComeBetweenFindings) {
+  settings_.controls.filesToCheck = "missing.ags";
+  settings_.logFile = "log.txt";
+  disk_.writeFailures["log.txt"] = {28, "No space left on device"};
+  for (const LogOutput output : {LogOutput::StandardOutput, LogOutput::LogFileOnly}) {
+    const Outcome outcome = Check(output, FindingsOutput{FindingsFormat::Json, ""});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_TRUE(outcome.output.starts_with('{'));
+    EXPECT_EQ(outcome.output.find("File:  missing.ags"), std::string::npos);
+  }
+}
+
+TEST_F(ConsoleRunTest, ThereAreNoFindingsWhereThereIsNothingToCheck) {
+  const Outcome outcome =
+      Check(LogOutput::StandardOutput, FindingsOutput{FindingsFormat::Json, "findings.json"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.output, "");
+  EXPECT_FALSE(disk_.files.contains("findings.json"));
 }
 
 }  // namespace

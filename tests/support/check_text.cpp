@@ -83,9 +83,13 @@ void PutFiles(FakeServices& services, const std::vector<NamedFile>& files, Check
 CheckResult Run(FakeServices& services, const std::vector<NamedFile>& files,
                 CheckSettings settings) {
   PutFiles(services, files, std::move(settings));
-  CheckRun run(services.All());
+  FindingsCollector collector(services.environment);
+  Services all = services.All();
+  all.findings = &collector;
+  CheckRun run(all);
   CheckResult result;
   result.status = static_cast<int>(run.ExecuteChecking());
+  result.report = std::make_shared<const FindingsReport>(collector.TakeReport());
   result.log = run.LogText();
   result.boxes = services.messages.boxes;
   result.notes = services.messages.notes;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,7 +18,8 @@ struct CheckResult {
                                       // several lines is one text with CR LF inside
   std::vector<std::string> boxes;     // "TITLE: TEXT"
   std::vector<std::string> notes;
-  int status = 0;  // 0 clean, 1 errors, 2 not done
+  int status = 0;                                // 0 clean, 1 errors, 2 not done
+  std::shared_ptr<const FindingsReport> report;  // what a run handed over as data
 
   bool Has(std::string_view finding) const;       // exactly this finding, label and line included
   bool HasText(std::string_view part) const;      // some finding contains this text

@@ -6,22 +6,10 @@
 
 #include <gtest/gtest.h>
 
-#include "support/provocation.h"
+#include "support/all_provocations.h"
 
 namespace quorvane::test {
 namespace {
-
-Provocations AllProvocations() {
-  Provocations all;
-  for (const auto& family :
-       {IntakeProvocations(), ParseProvocations(), NameProvocations(),
-        RequiredContentProvocations(), KeyProvocations(), DictGroupProvocations(),
-        AbbreviationProvocations(), FileSetProvocations(), UnitProvocations(),
-        ContaminantCodeProvocations(), TypeProvocations()}) {
-    all.insert(all.end(), family.begin(), family.end());
-  }
-  return all;
-}
 
 std::string NameOf(const MessageDefinition& definition, AgsFormat format) {
   return std::string(definition.id) + (format == AgsFormat::Ags4 ? " in AGS 4" : " in AGS 3");
