@@ -55,9 +55,17 @@ class PlaceFinder {
   std::int32_t Column(const MessagePlace& place, std::int32_t lineNumber,
                       std::string_view line) const {
     if (place.heading == 0 || !HoldsFields(place, lineNumber)) return 0;
-    const std::int32_t labelCount = file_.IsAgs4() ? 1 : 0;
-    return static_cast<std::int32_t>(
-        FieldColumn(line, static_cast<std::size_t>(place.heading + labelCount)));
+    const std::size_t labelCount = file_.IsAgs4() ? 1 : 0;
+    const std::size_t field = static_cast<std::size_t>(place.heading) + labelCount;
+    return static_cast<std::int32_t>(FieldColumn(line, field));
+  }
+
+  /// Whether the fields of the finding's row, or of a line of its group's head, begin at the line.
+  bool HoldsFields(const MessagePlace& place, std::int32_t line) const {
+    if (line == 0 || place.group == 0) return false;
+    const Group& group = table_.At(place.group);
+    if (place.row != 0) return table_.RowLine(place.group, place.row) == line;
+    return line == group.headingLine || line == group.unitLine || line == group.typeLine;
   }
 
  private:
@@ -89,13 +97,6 @@ class PlaceFinder {
       }
     }
     return high > 0 && table_.RowLine(group, low) == line ? low : 0;
-  }
-
-  /// Whether the fields of the finding's row, or of a line of its group's head, begin at the line.
-  bool HoldsFields(const MessagePlace& place, std::int32_t line) const {
-    const Group& group = table_.At(place.group);
-    if (place.row != 0) return table_.RowLine(place.group, place.row) == line;
-    return line == group.headingLine || line == group.unitLine || line == group.typeLine;
   }
 
   const CheckedFile& file_;
@@ -175,8 +176,10 @@ class FileRecorder {
     record.section = finding.section;
     record.severity = finding.severity;
     if (result_.checked == nullptr) return record;
-    const MessagePlace place = PlaceFinder(*result_.checked).Complete(finding.place, finding.line);
+    const PlaceFinder finder(*result_.checked);
+    const MessagePlace place = finder.Complete(finding.place, finding.line);
     record.group = place.group;
+    record.isUnderHeadings = finder.HoldsFields(place, finding.line);
     const bool isInTable =
         place.group != 0 && place.heading <= result_.checked->table.At(place.group).HeadingCount();
     record.heading = isInTable ? place.heading : 0;

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "findings/csv_findings.h"
+#include "findings/html_findings.h"
 #include "findings/json_findings.h"
 #include "findings/ndjson_findings.h"
 #include "findings/sarif_findings.h"
@@ -20,7 +21,8 @@ struct FormatEntry {
 constexpr std::array Formats{FormatEntry{FindingsFormat::Json, "json", JsonFindings},
                              FormatEntry{FindingsFormat::Ndjson, "ndjson", NdjsonFindings},
                              FormatEntry{FindingsFormat::Csv, "csv", CsvFindings},
-                             FormatEntry{FindingsFormat::Sarif, "sarif", SarifFindings}};
+                             FormatEntry{FindingsFormat::Sarif, "sarif", SarifFindings},
+                             FormatEntry{FindingsFormat::Html, "html", HtmlFindings}};
 
 }  // namespace
 

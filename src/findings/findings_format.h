@@ -10,7 +10,7 @@
 namespace quorvane {
 
 /// The formats in which findings are written as data.
-enum class FindingsFormat { Json, Ndjson, Csv, Sarif };
+enum class FindingsFormat { Json, Ndjson, Csv, Sarif, Html };
 
 /// Their names, as options have them: "json", "ndjson", ...
 std::vector<std::string> FindingsFormatNames();

@@ -42,6 +42,7 @@ struct FindingRecord {
   std::int32_t heading = 0;   // in the group's headings
   std::uint32_t section = 0;  // index into the file's sections
   Severity severity = Severity::Error;
+  bool isUnderHeadings = false;  // the line's fields are those of the group's headings, in order
 };
 
 /// A line of a file with a finding.

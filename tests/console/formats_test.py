@@ -9,6 +9,7 @@ built for Windows.
 import codecs
 import csv
 import hashlib
+import html.parser
 import io
 import json
 import os
@@ -28,7 +29,7 @@ SOURCE = pathlib.Path(sys.argv[2]).resolve()
 DATA = pathlib.Path(sys.argv[3]).resolve()
 EMULATOR = sys.argv[4:]
 
-FORMATS = ("json", "ndjson", "csv", "sarif")
+FORMATS = ("json", "ndjson", "csv", "sarif", "html")
 LABELS = {"error": "ERROR: ", "warning": "WARNING: ", "fyi": "FYI: ", "remark": ""}
 LEVELS = {"error": "error", "warning": "warning", "note": "fyi", "none": "remark"}
 FILE_LINE = re.compile(r"File:  (.*) \((\d+) of (\d+)\)")
@@ -144,7 +145,69 @@ def read_sarif(data):
     return findings
 
 
-READERS = {"json": read_json, "ndjson": read_ndjson, "csv": read_csv, "sarif": read_sarif}
+class PageReader(html.parser.HTMLParser):
+    """Takes the findings out of a page: each stands in a list of its section of its file."""
+
+    def __init__(self):
+        super().__init__()
+        self.findings = []
+        self.words = {}
+        self.part = None
+
+    def handle_starttag(self, tag, attributes):
+        classes = dict(attributes).get("class", "")
+        if tag == "section":
+            self.part = None
+        elif tag == "h2":
+            self.take("path")
+        elif tag == "h3":
+            self.take("section")
+        elif tag == "small":
+            self.part = None
+        elif tag == "li":
+            self.words["severity"] = classes
+        elif tag == "span" and self.part != "section":
+            self.take("place")
+        elif tag == "p" and self.part == "place":
+            self.take("text")
+        elif tag == "br" and self.part == "text":
+            self.words["text"] += "\r\n"
+
+    def handle_endtag(self, tag):
+        if tag == "p" and self.part == "text":
+            self.add_finding()
+            self.part = None
+        elif tag in ("h2", "h3"):
+            self.part = None
+
+    def handle_data(self, data):
+        if self.part:
+            self.words[self.part] += from_symbols(data)
+
+    def take(self, part):
+        self.part = part
+        self.words[part] = ""
+
+    def add_finding(self):
+        words = self.words
+        line = re.match(r"Line (\d+)", words["place"])
+        self.findings.append(Finding(words["path"], words["section"].rstrip(" "),
+                                     words["severity"], line and line.group(1), words["text"]))
+
+
+def from_symbols(text):
+    """The control characters for which a page has symbols."""
+    return re.sub("[\u2400-\u241f]", lambda match: chr(ord(match.group()) - 0x2400), text)
+
+
+def read_html(data):
+    reader = PageReader()
+    reader.feed(data.decode("utf-8"))
+    return reader.findings
+
+
+READERS = {"json": read_json, "ndjson": read_ndjson, "csv": read_csv, "sarif": read_sarif,
+           "html": read_html}
 
 
 class FormatsTest(unittest.TestCase):

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "findings/csv_findings.h"
+#include "findings/html_findings.h"
 #include "findings/json_findings.h"
 #include "findings/ndjson_findings.h"
 #include "findings/sarif_findings.h"
@@ -99,6 +100,40 @@ Findings OfCsv(const FindingsReport& report) {
   return findings;
 }
 
+/// What stands between two marks, of which the first one is searched from a place on; the place is
+/// moved behind them.
+std::string_view Between(std::string_view page, std::size_t& at, std::string_view before,
+                         std::string_view behind) {
+  const std::size_t start = page.find(before, at);
+  const std::size_t end = page.find(behind, start);
+  if (start == std::string_view::npos || end == std::string_view::npos) {
+    ADD_FAILURE() << "not in the page: " << before << behind;
+    return {};
+  }
+  at = end + behind.size();
+  return page.substr(start + before.size(), end - start - before.size());
+}
+
+std::string FromHtml(std::string_view html) {
+  std::string text = ReplaceAll(html, "<br>", LineBreak);
+  text = ReplaceAll(text, "&lt;", "<");
+  text = ReplaceAll(text, "&gt;", ">");
+  text = ReplaceAll(text, "\xE2\x90\x89", "\t");
+  return ReplaceAll(text, "&amp;", "&");
+}
+
+Findings OfHtml(const FindingsReport& report) {
+  constexpr std::string_view start = "\n<li class=\"";
+  Findings findings;
+  const std::string page = HtmlFindings(report);
+  for (std::size_t at = page.find(start); at != std::string::npos; at = page.find(start, at)) {
+    const std::string text = FromHtml(Between(page, at, "<div><p>", "</p>"));
+    const std::string id(Between(page, at, "<a href=\"#kind-", "\">"));
+    findings.emplace_back(id, text);
+  }
+  return findings;
+}
+
 /// The findings with what CSV does to a text.
 Findings InCells(Findings findings) {
   for (KindAndText& finding : findings) {
@@ -128,6 +163,7 @@ TEST(EveryFinding, ComesBackFromEveryFormat) {
     EXPECT_EQ(OfJson(report), findings) << provocation.finding;
     EXPECT_EQ(OfNdjson(report), findings) << provocation.finding;
     EXPECT_EQ(OfSarif(report), findings) << provocation.finding;
+    EXPECT_EQ(OfHtml(report), findings) << provocation.finding;
     EXPECT_EQ(OfCsv(report), InCells(findings)) << provocation.finding;
   }
 }
