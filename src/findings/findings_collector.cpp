@@ -217,7 +217,9 @@ void FindingsCollector::BeginRun(const CheckSettings& settings) {
 }
 
 void FindingsCollector::BeginFile(std::string_view path) {
-  report_.files.emplace_back().path = ToUtf8(path);
+  FileRecord& file = report_.files.emplace_back();
+  file.path = ToUtf8(path);
+  file.diskPath = path;
 }
 
 void FindingsCollector::TakeFile(const FileResult& result) {

@@ -68,6 +68,7 @@ struct SeverityCounts {
 /// One file of a run.
 struct FileRecord {
   std::string path;
+  std::string diskPath;     // the bytes that name it on the disk: the path as the run was given it
   bool isComplete = false;  // it was checked to the end
   std::string reason;       // why it was not
 

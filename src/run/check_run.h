@@ -22,6 +22,9 @@ class CheckRun {
   /// shown in a box; the status is then NotDone.
   CheckStatus ExecuteChecking();
 
+  /// Whom the next runs hand over what they find; none: only the text is wanted.
+  void SetFindingsReceiver(FindingsReceiver* receiver) { services_.findings = receiver; }
+
   /// The full text of the last run; empty when there was none.
   const std::string& LogText() const;
 

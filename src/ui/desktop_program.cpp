@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QIcon>
 
+#include "findings/csv_findings.h"
+#include "findings/html_findings.h"
 #include "run/system_disk.h"
 #include "run/system_environment.h"
 #include "ui/console.h"
@@ -74,7 +76,14 @@ int RunInWindow(Disk& disk, Environment& environment, const std::vector<std::str
   SystemDesktop desktop(messages);
   ParentChoice& parentChoice =
       start.RunsUnattended() ? static_cast<ParentChoice&>(unattendedChoice) : askingChoice;
-  MainWindow window({disk, environment, messages, parentChoice, pickers, desktop});
+  MainWindow window({disk,
+                     environment,
+                     messages,
+                     parentChoice,
+                     pickers,
+                     desktop,
+                     {{"CSV File (*.csv)|*.csv", ".csv", CsvFindings},
+                      {"Web Page (*.html)|*.html", ".html", HtmlFindings}}});
   window.Begin(start);
 
   // A message box that closes before or behind the window must not end the program.

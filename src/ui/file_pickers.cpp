@@ -1,5 +1,7 @@
 #include "ui/file_pickers.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -16,12 +18,17 @@ QString NameFilter(std::string_view filter) {
 }
 
 /// Shows a dialog; the chosen paths, none when the user cancels.
-QStringList Choose(QFileDialog& dialog, std::string_view filter, QString& folder) {
+QStringList Choose(QFileDialog& dialog, const QStringList& nameFilters, QString& folder) {
   dialog.setObjectName(QStringLiteral("cdgQuorvane"));
-  dialog.setNameFilter(NameFilter(filter));
+  dialog.setNameFilters(nameFilters);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
   folder = QFileInfo(dialog.selectedFiles().first()).absolutePath();
   return dialog.selectedFiles();
+}
+
+/// The suffix of the files that a filter names.
+QString SuffixOf(std::string_view filter) {
+  return QFileInfo(ShownText(filter)).suffix();
 }
 
 std::string NativePath(const QString& path) {
@@ -47,7 +54,7 @@ std::vector<std::string> DesktopFilePickers::ChooseFilesToOpen(std::string_view 
   QFileDialog dialog(QApplication::activeWindow(), ShownText(title), folder_);
   dialog.setFileMode(QFileDialog::ExistingFiles);
   std::vector<std::string> paths;
-  for (const QString& path : Choose(dialog, filter, folder_))
+  for (const QString& path : Choose(dialog, {NameFilter(filter)}, folder_))
     paths.push_back(NativePath(path));
   return paths;
 }
@@ -56,7 +63,7 @@ std::optional<std::string> DesktopFilePickers::ChooseFileToOpen(std::string_view
                                                                 std::string_view filter) {
   QFileDialog dialog(QApplication::activeWindow(), ShownText(title), folder_);
   dialog.setFileMode(QFileDialog::ExistingFile);
-  const QStringList paths = Choose(dialog, filter, folder_);
+  const QStringList paths = Choose(dialog, {NameFilter(filter)}, folder_);
   if (paths.isEmpty()) return std::nullopt;
   return NativePath(paths.first());
 }
@@ -65,10 +72,31 @@ std::optional<std::string> DesktopFilePickers::ChooseFile(std::string_view title
                                                           std::string_view filter) {
   QFileDialog dialog(QApplication::activeWindow(), ShownText(title), folder_);
   dialog.setAcceptMode(QFileDialog::AcceptSave);  // which asks before it overwrites
-  dialog.setDefaultSuffix(QFileInfo(ShownText(filter)).suffix());
-  const QStringList paths = Choose(dialog, filter, folder_);
+  dialog.setDefaultSuffix(SuffixOf(filter));
+  const QStringList paths = Choose(dialog, {NameFilter(filter)}, folder_);
   if (paths.isEmpty() || !MayReplaceLowerCaseForm(paths.first())) return std::nullopt;
   return NativePath(paths.first());
+}
+
+std::optional<FileToSave> DesktopFilePickers::ChooseFileToSave(
+    std::string_view title, const std::vector<std::string_view>& filters) {
+  QFileDialog dialog(QApplication::activeWindow(), ShownText(title), folder_);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  QStringList nameFilters;
+  for (const std::string_view filter : filters)
+    nameFilters.append(NameFilter(filter));
+  // The first one stands for a filter that the desktop's own dialog names in another way.
+  const auto indexOf = [&nameFilters](const QString& nameFilter) {
+    return static_cast<std::size_t>(std::max<qsizetype>(0, nameFilters.indexOf(nameFilter)));
+  };
+  const auto useSuffixOf = [&](const QString& nameFilter) {
+    dialog.setDefaultSuffix(SuffixOf(filters[indexOf(nameFilter)]));
+  };
+  useSuffixOf(nameFilters.first());
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, useSuffixOf);
+  const QStringList paths = Choose(dialog, nameFilters, folder_);
+  if (paths.isEmpty()) return std::nullopt;
+  return FileToSave{NativePath(paths.first()), indexOf(dialog.selectedNameFilter())};
 }
 
 }  // namespace quorvane

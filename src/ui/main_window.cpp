@@ -1,6 +1,7 @@
 #include "ui/main_window.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QApplication>
 #include <QCheckBox>
@@ -13,6 +14,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QTabWidget>
 #include <QToolButton>
 
 #include "dictionary/dictionary_store.h"
@@ -22,6 +24,7 @@
 #include "ui/console.h"
 #include "ui/desktop.h"
 #include "ui/file_pickers.h"
+#include "ui/findings_page.h"
 #include "ui/help_document.h"
 #include "ui/progress_view.h"
 
@@ -56,9 +59,11 @@ std::vector<std::string> LocalFiles(const QMimeData& data) {
 
 MainWindow::MainWindow(const WindowServices& services)
     : services_(services),
-      controls_(BuildControls(*this)),
+      controls_(BuildControls(
+          *this, {services.disk, services.messages, services.pickers, services.findingsWriters})),
+      findings_(services.environment),
       run_({services.disk, services.environment, services.messages, *controls_.txtProgress, *this,
-            services.parentChoice}) {
+            services.parentChoice, &findings_}) {
   setObjectName(QStringLiteral("frmQuorvane"));
   setAcceptDrops(true);
   ShowTitle();
@@ -99,6 +104,8 @@ void MainWindow::Begin(const ProgramStart& start) {
   controls_.txtAgsDataDictionary->setText(PathText(settings.customDictionary));
   runsAtFirstShow_ = start.isCommandLineMode && start.outcome != SettingsOutcome::Missing;
   logFile_ = start.settings.logFile;
+  // Nobody looks at the findings of a run whose window closes by itself.
+  if (start.RunsUnattended()) run_.SetFindingsReceiver(nullptr);
 }
 
 void MainWindow::showEvent(QShowEvent* event) {
@@ -177,6 +184,8 @@ void MainWindow::FocusFirstListing() {
 void MainWindow::BeginRun() {
   isRunning_ = true;
   QApplication::setOverrideCursor(Qt::WaitCursor);
+  ShowFindings({});
+  ShowPage(WindowPage::Progress);
   UpdateControls();
   controls_.txtProgress->ProcessPendingMessages();
 }
@@ -199,6 +208,7 @@ void MainWindow::EndChecking() {
 }
 
 void MainWindow::EndRun() {
+  ShowFindings(findings_.TakeReport());
   QApplication::restoreOverrideCursor();
   controls_.txtProgress->ShowTop();
   controls_.txtProgress->setFocus();
@@ -289,12 +299,28 @@ void MainWindow::UpdateControls() {
   controls_.txtAgsDataDictionary->setEnabled(usesDictionary);
   controls_.cmdSelectDataDict->setEnabled(usesDictionary);
   controls_.options->setEnabled(!isRunning_);
+  controls_.tabPages->setTabEnabled(static_cast<int>(WindowPage::Findings), !isRunning_);
   const bool hasFiles = !controls_.txtFilesToCheck->document()->isEmpty();
   const bool hasDictionary = !usesDictionary || !controls_.txtAgsDataDictionary->text().isEmpty();
   const QPushButton* check = controls_.Button(WindowAction::CheckFiles);
   for (QPushButton* button : controls_.cmdQuorvane) {
     button->setEnabled(!isRunning_ && (button != check || (hasFiles && hasDictionary)));
   }
+}
+
+void MainWindow::ShowPage(WindowPage page) {
+  controls_.tabPages->setCurrentIndex(static_cast<int>(page));
+}
+
+void MainWindow::ShowFindings(FindingsReport findings) {
+  const bool isOfARun = !findings.files.empty();
+  controls_.pagFindings->Show(std::move(findings));
+  QString caption = QStringLiteral("Fi&ndings");
+  if (isOfARun) {
+    caption +=
+        QStringLiteral(" (") + ShownCount(controls_.pagFindings->Count()) + QStringLiteral(")");
+  }
+  controls_.tabPages->setTabText(static_cast<int>(WindowPage::Findings), caption);
 }
 
 void MainWindow::ShowTitle() {

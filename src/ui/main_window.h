@@ -5,8 +5,10 @@
 #include <QTimer>
 #include <QWidget>
 
+#include "findings/findings_collector.h"
 #include "run/check_run.h"
 #include "run/check_window.h"
+#include "ui/findings_writer.h"
 #include "ui/main_window_controls.h"
 #include "ui/program_start.h"
 
@@ -24,6 +26,7 @@ struct WindowServices {
   ParentChoice& parentChoice;
   FilePickers& pickers;
   Desktop& desktop;
+  FindingsWriters findingsWriters = {};  // none: the findings cannot be saved
 };
 
 /// The main window: every option of a check run, its progress, and the actions on it.
@@ -73,10 +76,13 @@ class MainWindow : public QWidget, private CheckWindow {
   void SelectEdition(const SchemaEdition& edition);
   void AddFiles(const std::vector<std::string>& paths);
   void UpdateControls();
+  void ShowPage(WindowPage page);
+  void ShowFindings(FindingsReport findings);
   void ShowTitle();
 
   WindowServices services_;
   MainWindowControls controls_;
+  FindingsCollector findings_;  // of a run that goes on
   CheckRun run_;
   bool runsAtFirstShow_ = false;
   QTimer automaticRun_;     // started when the window is shown, so that it is laid out by then

@@ -11,11 +11,14 @@
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 #include "dictionary/schema_edition.h"
 #include "ui/byte_text.h"
+#include "ui/findings_page.h"
 #include "ui/progress_view.h"
 
 namespace quorvane {
@@ -99,7 +102,7 @@ QToolButton* BuildEditions(QWidget* parent) {
   auto* button = new QToolButton(parent);
   SetUp(*button,
         {"cmdEditions", nullptr, "Check against an edition of AGS 4 that comes with the program"});
-  button->setText(QStringLiteral("&Editions"));
+  button->setText(QStringLiteral("E&ditions"));
   button->setAccessibleName(QStringLiteral("Editions of AGS 4"));
   button->setFocusPolicy(Qt::StrongFocus);
   button->setPopupMode(QToolButton::InstantPopup);
@@ -202,24 +205,42 @@ QLayout* BuildButtons(QWidget& window, MainWindowControls& controls) {
   return row;
 }
 
-QLayout* BuildProgress(QWidget& window, MainWindowControls& controls) {
-  controls.lblQuorvane[2] = MakeLabel(&window, "lblQuorvane_2", "&Progress and messages:");
-  controls.txtProgress = new ProgressView(&window);
+/// The page with the progress box, in front at first.
+QWidget* BuildProgress(QWidget& window, MainWindowControls& controls) {
+  auto* page = new QWidget(&window);
+  controls.lblQuorvane[2] = MakeLabel(page, "lblQuorvane_2", "&Progress and messages:");
+  controls.txtProgress = new ProgressView(page);
   SetUp(*controls.txtProgress, {"txtProgress", nullptr, ""});
   controls.txtProgress->setAccessibleName(QStringLiteral("Progress and messages"));
   controls.txtProgress->setTabChangesFocus(true);
   controls.txtProgress->setAcceptDrops(false);
   controls.txtProgress->setMinimumHeight(HeightOfLines(*controls.txtProgress, FewestProgressLines));
   controls.lblQuorvane[2]->setBuddy(controls.txtProgress);
-  auto* column = new QVBoxLayout;
+  auto* column = new QVBoxLayout(page);
   column->addWidget(controls.lblQuorvane[2]);
   column->addWidget(controls.txtProgress, 1);
-  return column;
+  return page;
+}
+
+QWidget* BuildPages(QWidget& window, MainWindowControls& controls,
+                    const FindingsServices& findings) {
+  controls.tabPages = new QTabWidget(&window);
+  controls.tabPages->setObjectName(QStringLiteral("tabPages"));
+  controls.tabPages->tabBar()->setObjectName(QStringLiteral("tabPages_bar"));
+  controls.tabPages->setDocumentMode(true);  // without a frame around what has frames of its own
+  controls.pagFindings = new FindingsPage(findings, &window);
+  controls.tabPages->addTab(BuildProgress(window, controls), QStringLiteral("P&rogress"));
+  controls.tabPages->addTab(controls.pagFindings, QStringLiteral("Fi&ndings"));
+  for (int index = 0; index < controls.tabPages->count(); ++index) {
+    constexpr int roomAtTop = 6;
+    controls.tabPages->widget(index)->layout()->setContentsMargins(0, roomAtTop, 0, 0);
+  }
+  return controls.tabPages;
 }
 
 }  // namespace
 
-MainWindowControls BuildControls(QWidget& window) {
+MainWindowControls BuildControls(QWidget& window, const FindingsServices& findings) {
   MainWindowControls controls;
   controls.options = new QWidget(&window);
   auto* options = new QGridLayout(controls.options);
@@ -230,15 +251,15 @@ MainWindowControls BuildControls(QWidget& window) {
   BuildListings(controls, *options);
   MakeEquallyWide(std::array{controls.cmdFileToCheck, controls.cmdSelectDataDict});
 
-  // The progress box takes the room that a larger window has to give.
+  // The pages take the room that a larger window has to give.
   constexpr int OptionsShare = 1;
-  constexpr int ProgressShare = 4;
+  constexpr int PagesShare = 4;
   auto* column = new QVBoxLayout(&window);
   column->addWidget(controls.options, OptionsShare);
   column->addSpacing(RoomBetween / 2);
   column->addLayout(BuildButtons(window, controls));
   column->addSpacing(RoomBetween / 2);
-  column->addLayout(BuildProgress(window, controls), ProgressShare);
+  column->addWidget(BuildPages(window, controls, findings), PagesShare);
   return controls;
 }
 

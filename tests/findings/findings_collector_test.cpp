@@ -182,6 +182,12 @@ TEST(FindingsCollectorTest, TextsAreUtf8) {
   EXPECT_EQ(finding.column, 14);
 }
 
+TEST(FindingsCollectorTest, AFileCanBeFoundOnTheDiskByTheBytesOfItsPath) {
+  const FindingsReport report = CollectFindings({{"\xB0.ags", WithCrLf(MinimalAgs4().Text())}});
+  EXPECT_EQ(report.files.front().path, "\xC2\xB0.ags");
+  EXPECT_EQ(report.files.front().diskPath, "\xB0.ags");
+}
+
 TEST(FindingsCollectorTest, AFindingInAHeadingPointsAtIt) {
   const FileRecord file = RecordOf(
       MinimalAgs4()

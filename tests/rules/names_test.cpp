@@ -31,6 +31,12 @@ TEST(GroupNames, OwnGroupWithDigitIsReportedOnce) {
   EXPECT_EQ(result.Count("must be made up of letters only"), 1);
 }
 
+TEST(GroupNames, OwnGroupMayHaveFourLetters) {
+  EXPECT_EQ(Ags3Group("?ABCD", {"HOLE_ID"}, {{"BH1"}}).Count("no more than 4"), 0);
+  EXPECT_EQ(Ags3Group("?ABCDE", {"HOLE_ID"}, {{"BH1"}}).Count("no more than 4"), 1);
+  EXPECT_EQ(Ags4Group("ABCD", {"LOCA_ID"}, {{"BH1"}}).Count("no more than 4"), 0);
+}
+
 TEST(GroupNames, StandardGroupWithDigitIsLeftToTheDictionary) {
   const CheckResult ags3 = Ags3Group("GE0L", {"HOLE_ID"}, {{"BH1"}});
   EXPECT_EQ(ags3.Count("letters only"), 0);

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -46,6 +47,8 @@ class FilePickersTest : public QObject {
   void OneSchemaCanBeOpened();
   void CancelGivesNothing();
   void SavingAddsTheExtension();
+  void SavingInAFormatAddsItsSuffix_data();
+  void SavingInAFormatAddsItsSuffix();
   void SavingAsksBeforeTheLowerCaseFormIsReplaced_data();
   void SavingAsksBeforeTheLowerCaseFormIsReplaced();
 
@@ -98,6 +101,8 @@ void FilePickersTest::CancelGivesNothing() {
   QVERIFY(!pickers.ChooseFileToOpen("Open", "AGS File (*.ags)|*.ags"));
   WhenDialogShows(cancel);
   QVERIFY(!pickers.ChooseFile("Save", "Text File (*.txt)|*.txt"));
+  WhenDialogShows(cancel);
+  QVERIFY(!pickers.ChooseFileToSave("Save", {"Text File (*.txt)|*.txt"}));
 }
 
 void FilePickersTest::SavingAddsTheExtension() {
@@ -111,6 +116,40 @@ void FilePickersTest::SavingAddsTheExtension() {
   });
   QCOMPARE(DesktopFilePickers().ChooseFile("AGS Checking Log File", "Text File (*.txt)|*.txt"),
            std::optional<std::string>(folder_->filePath("report.txt").toStdString()));
+}
+
+void FilePickersTest::SavingInAFormatAddsItsSuffix_data() {
+  QTest::addColumn<int>("format");
+  QTest::addColumn<QString>("typed");
+  QTest::addColumn<QString>("saved");
+  QTest::newRow("first format") << 0 << "Out"
+                                << "Out.csv";
+  QTest::newRow("second format") << 1 << "Out"
+                                 << "Out.html";
+  QTest::newRow("suffix of its own") << 1 << "Out.txt"
+                                     << "Out.txt";
+}
+
+void FilePickersTest::SavingInAFormatAddsItsSuffix() {
+  QFETCH(int, format);
+  QFETCH(QString, typed);
+  QFETCH(QString, saved);
+  WhenDialogShows([&](QDialog& dialog) {
+    auto& fileDialog = dynamic_cast<QFileDialog&>(dialog);
+    QCOMPARE(fileDialog.windowTitle(), QString("Save"));
+    QCOMPARE(fileDialog.nameFilters(), (QStringList{"CSV (*.csv)", "Web page (*.html)"}));
+    QVERIFY(!fileDialog.testOption(QFileDialog::DontConfirmOverwrite));
+    auto* filters = fileDialog.findChild<QComboBox*>("fileTypeCombo");
+    filters->setCurrentIndex(format);
+    emit filters->textActivated(filters->currentText());
+    emit filters->activated(format);
+    Answer(dialog, {folder_->filePath(typed)});
+  });
+  const auto chosen = DesktopFilePickers().ChooseFileToSave(
+      "Save", {"CSV (*.csv)|*.csv", "Web page (*.html)|*.html"});
+  QVERIFY(chosen.has_value());
+  QCOMPARE(chosen->path, folder_->filePath(saved).toStdString());
+  QCOMPARE(chosen->filter, static_cast<std::size_t>(format));
 }
 
 void FilePickersTest::SavingAsksBeforeTheLowerCaseFormIsReplaced_data() {

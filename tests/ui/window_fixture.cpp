@@ -59,6 +59,16 @@ std::optional<std::string> FakePickers::ChooseFile(std::string_view title,
   return fileToSave;
 }
 
+std::optional<FileToSave> FakePickers::ChooseFileToSave(
+    std::string_view title, const std::vector<std::string_view>& filters) {
+  std::string all;
+  for (const std::string_view filter : filters)
+    all.append(all.empty() ? "" : " ").append(filter);
+  asked.push_back(Asked(title, all));
+  if (!fileToSave) return std::nullopt;
+  return FileToSave{*fileToSave, filterToSave};
+}
+
 void WindowFixture::AddFile(const std::string& path, const std::string& content) {
   disk.files[path] = content;
 }

@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <QDialog>
@@ -24,11 +25,14 @@ class FakePickers : public FilePickers {
   std::optional<std::string> ChooseFileToOpen(std::string_view title,
                                               std::string_view filter) override;
   std::optional<std::string> ChooseFile(std::string_view title, std::string_view filter) override;
+  std::optional<FileToSave> ChooseFileToSave(std::string_view title,
+                                             const std::vector<std::string_view>& filters) override;
 
   std::vector<std::string> asked;
   std::vector<std::string> filesToOpen;  // empty: cancelled
   std::optional<std::string> fileToOpen;
   std::optional<std::string> fileToSave;
+  std::size_t filterToSave = 0;
 };
 
 /// A desktop that writes down what it is to open.
@@ -55,13 +59,18 @@ class WatchedDisk : public MemoryDisk {
 
 /// A main window with everything around it replaced.
 struct WindowFixture {
+  /// The window can save findings in these formats.
+  explicit WindowFixture(FindingsWriters findingsWriters = {})
+      : writers(std::move(findingsWriters)) {}
+
   WatchedDisk disk;
   FixedEnvironment environment;
   RecordingMessages messages;
   RecordingParentChoice parentChoice{messages};
   FakePickers pickers;
   FakeDesktop desktop;
-  MainWindow window{{disk, environment, messages, parentChoice, pickers, desktop}};
+  FindingsWriters writers;
+  MainWindow window{{disk, environment, messages, parentChoice, pickers, desktop, writers}};
 
   /// A control by its name; the test ends when there is none.
   template <typename Control>
