@@ -22,6 +22,18 @@ SETTINGS = [
     b"one.ags\n/SETTINGSFILE=own.txt\nand more\n--log\nout.txt\n\"/x/y\"\n",
 ]
 
+EARLIER_RUN = b"""{"format": "quorvane-findings", "formatVersion": 1, "program": {"version": "1"},
+ "files": [{"path": "a.ags", "checkedToTheEnd": true, "findings": [
+  {"id": "keys.repeated", "rule": "6b", "severity": "error", "line": 109, "column": null,
+   "group": "ISPT", "key": "BH2,6.00", "heading": "ISPT_TOP", "text": "\\u00e4 \\"x\\""}]}]}
+"""
+
+WAIVERS = b"""# agreed
+keys.repeated | a.ags | ISPT | BH2\\|6.00 | * | two tests
+
+units.unused|*|UNIT||\\*|our list
+"""
+
 
 def write(folder, content):
     """Keeps a content under a name made of its bytes, once."""
@@ -60,6 +72,8 @@ def main():
         write(output / "schema", head.replace(b"for AGS", b"for AGS,", 1))
     for content in SETTINGS:
         write(output / "settings", content)
+    write(output / "earlier_run", EARLIER_RUN)
+    write(output / "waivers", WAIVERS)
     if not data_files:
         sys.exit("there are no data files to begin with")
 

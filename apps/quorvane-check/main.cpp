@@ -1,18 +1,16 @@
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <exception>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include <CLI/CLI.hpp>
 
-#include "dictionary/schema_edition.h"
 #include "findings/findings_format.h"
+#include "options.h"
 #include "run/check_file.h"
-#include "run/environment.h"
+#include "run/data_files.h"
 #include "run/standard_streams.h"
 #include "run/system_disk.h"
 #include "run/system_environment.h"
@@ -32,118 +30,12 @@ namespace {
 
 constexpr int NothingDone = static_cast<int>(CheckStatus::NotDone);
 
-constexpr const char* TextFormat = "text";       // of --format: the log
-constexpr const char* StandardOutputName = "-";  // of --output
-
-struct Options {
-  std::vector<std::string> files;
-  std::string dictionary;
-  std::string edition;
-  bool whichEdition = false;
-  std::vector<std::string> listings;
-  bool noFyi = false;
-  bool statistics = false;
-  std::string settingsFile;
-  std::string logFile;
-  std::string format = TextFormat;
-  std::string outputFile;
+/// What the program has been asked for.
+struct Request {
+  RunSettings settings;
+  DeliveryOptions delivery;
+  bool lacksFiles = false;  // a folder could not be listed
 };
-
-/// A path that a script has left empty is a mistake, not the wish for none.
-std::string RefuseEmpty(const std::string& path) {
-  return path.empty() ? "the path is empty" : "";
-}
-
-/// What may stand behind --edition.
-std::vector<std::string> EditionWishes() {
-  std::vector<std::string> wishes;
-  wishes.reserve(SchemaEditions.size() + 1);
-  for (const SchemaEdition& known : SchemaEditions)
-    wishes.emplace_back(known.edition);
-  wishes.emplace_back(StatedEdition);
-  return wishes;
-}
-
-void DescribeDictionaries(CLI::App& app, Options& options) {
-  app.add_option("--dictionary", options.dictionary, "Check against this schema file")
-      ->check(RefuseEmpty)
-      ->type_name("SCHEMA");
-  app.add_option("--edition", options.edition,
-                 "Check AGS 4 files against this edition; auto: the one that TRAN_AGS names")
-      ->check(CLI::IsMember(EditionWishes()))
-      ->type_name("EDITION");
-  app.add_flag("--which-edition", options.whichEdition,
-               "Check nothing; list how many groups and headings of each AGS 4 file each edition "
-               "knows");
-}
-
-/// Throws where options stand together that cannot both be followed.
-void RefuseContradiction(const CLI::App& app) {
-  constexpr std::array<std::pair<const char*, const char*>, 9> contradictions{
-      {{"--edition", "--dictionary"},
-       {"--which-edition", "--dictionary"},
-       {"--which-edition", "--edition"},
-       {"--which-edition", "--list"},
-       {"--which-edition", "--no-fyi"},
-       {"--which-edition", "--statistics"},
-       {"--which-edition", "--log"},
-       {"--which-edition", "--format"},
-       {"--which-edition", "--output"}}};
-  for (const auto& [option, other] : contradictions) {
-    if (app.count(option) > 0 && app.count(other) > 0) throw CLI::ExcludesError(option, other);
-  }
-}
-
-std::vector<std::string> FormatNames() {
-  std::vector<std::string> names = FindingsFormatNames();
-  names.insert(names.begin(), TextFormat);
-  return names;
-}
-
-void Describe(CLI::App& app, Options& options) {
-  app.allow_windows_style_options(false);  // "/" starts a path, on Windows too
-  app.set_version_flag("--version", "quorvane-check " + std::string(ProgramVersion));
-  app.add_option("FILE", options.files, "AGS 3 and AGS 4 data files");
-  DescribeDictionaries(app, options);
-  app.add_option("--list", options.listings,
-                 "Listings wanted: groups, lines, severity (separated by commas; default groups)")
-      ->delimiter(',')
-      ->allow_extra_args(false)
-      ->check(CLI::IsMember({"groups", "lines", "severity"}))
-      ->type_name("LISTING,...");
-  app.add_flag("--no-fyi", options.noFyi, "Suppress FYI (for your information only) messages");
-  app.add_flag("--statistics", options.statistics, "Show data statistics");
-  app.add_option("--settings", options.settingsFile,
-                 "Take files and options from a settings file; /SETTINGSFILE=FILE does the same")
-      ->check(RefuseEmpty)
-      ->type_name("FILE");
-  app.add_option("--log", options.logFile, "Write the log to this file too")
-      ->check(RefuseEmpty)
-      ->type_name("FILE");
-  app.add_option("--format", options.format,
-                 "Format of the report: the text, or the findings as data (default text)")
-      ->check(CLI::IsMember(FormatNames()))
-      ->type_name("FORMAT");
-  app.add_option("--output", options.outputFile,
-                 "Write the report in that format to this file, the text to standard output")
-      ->check(RefuseEmpty)
-      ->type_name("FILE");
-  app.footer(
-      "What an option says outranks the settings file, but for the files to check.\n"
-      "Exit status: 0 no errors found, 1 errors found or a file that could not be checked,\n"
-      "2 the check could not be made (no files, no settings file, no usable dictionary, log or\n"
-      "output not written).");
-}
-
-bool NamesOutputFile(const Options& options) {
-  return !options.outputFile.empty() && options.outputFile != StandardOutputName;
-}
-
-/// The text has one file only.
-void RefuseTwoLogs(const Options& options) {
-  if (options.format == TextFormat && NamesOutputFile(options) && !options.logFile.empty())
-    throw CLI::ValidationError("--output", "--log names a file for the text already");
-}
 
 bool Wants(const Options& options, std::string_view listing) {
   return std::find(options.listings.begin(), options.listings.end(), listing) !=
@@ -168,7 +60,7 @@ void ApplyOptions(Disk& disk, const Options& options, RunSettings& settings) {
     controls.edition = options.edition;
   }
   if (!options.logFile.empty()) settings.logFile = PathToWrite(options.logFile);
-  if (options.format == TextFormat && NamesOutputFile(options))
+  if (options.format == TextFormat && options.NamesOutputFile())
     settings.logFile = PathToWrite(options.outputFile);
 }
 
@@ -176,58 +68,83 @@ void ApplyOptions(Disk& disk, const Options& options, RunSettings& settings) {
 std::optional<FindingsOutput> FindingsOutputOf(const Options& options) {
   const std::optional<FindingsFormat> format = FindingsFormatNamed(options.format);
   if (!format) return std::nullopt;
-  return FindingsOutput{*format, NamesOutputFile(options) ? PathToWrite(options.outputFile) : ""};
+  return FindingsOutput{*format, options.NamesOutputFile() ? PathToWrite(options.outputFile) : ""};
 }
 
-/// The settings of the console program; nothing when a settings file is missing.
-std::optional<RunSettings> SettingsOf(Disk& disk, const Options& options,
-                                      const CommandLine& commandLine) {
-  ConsoleMessages messages;
-  std::vector<std::string> files = options.files;
-  files.insert(files.end(), commandLine.dataFiles.begin(), commandLine.dataFiles.end());
-  for (std::string& file : files) {
-    file = PathToRead(disk, file);
+/// The files and folders that the command line names.
+std::vector<std::string> NamedPaths(Disk& disk, const Options& options,
+                                    const CommandLine& commandLine) {
+  std::vector<std::string> paths = options.files;
+  paths.insert(paths.end(), commandLine.dataFiles.begin(), commandLine.dataFiles.end());
+  for (std::string& path : paths) {
+    path = PathToRead(disk, path);
   }
-  const std::string named = Join(files, LineBreak);
+  return paths;
+}
 
-  RunSettings settings;
-  settings.controls.filesToCheck = named;
-  if (!options.settingsFile.empty() && ApplySettingsFile(disk, messages, options.settingsFile,
-                                                         settings) == SettingsOutcome::Missing) {
+/// Applies the settings files that are named in either way; false when one is missing.
+bool ApplySettingsFiles(Disk& disk, UserMessages& messages, const Options& options,
+                        const CommandLine& commandLine, RunSettings& settings) {
+  const bool lacksOwn =
+      !options.settingsFile.empty() &&
+      ApplySettingsFile(disk, messages, options.settingsFile, settings) == SettingsOutcome::Missing;
+  return !lacksOwn && LoadSettingsFile(disk, messages, SettingsFileOption, commandLine, settings) !=
+                          SettingsOutcome::Missing;
+}
+
+/// Puts the files below each folder in the folder's place.
+void ListFolders(Disk& disk, UserMessages& messages, const std::vector<std::string>& paths,
+                 Request& request) {
+  const DataFiles found = FindDataFiles(disk, messages, paths);
+  request.settings.controls.filesToCheck = Join(found.paths, LineBreak);
+  request.lacksFiles = !found.isComplete;
+}
+
+/// What the console program is to do; nothing when a settings file is missing.
+std::optional<Request> RequestOf(Disk& disk, const Options& options,
+                                 const CommandLine& commandLine) {
+  ConsoleMessages messages;
+  const std::vector<std::string> paths = NamedPaths(disk, options, commandLine);
+  const std::string named = Join(paths, LineBreak);
+  Request request;
+  CheckSettings& controls = request.settings.controls;
+  controls.filesToCheck = named;
+  if (!ApplySettingsFiles(disk, messages, options, commandLine, request.settings))
     return std::nullopt;
-  }
-  if (LoadSettingsFile(disk, messages, SettingsFileOption, commandLine, settings) ==
-      SettingsOutcome::Missing) {
-    return std::nullopt;
-  }
-  NoteReplacedFiles(messages, named, settings.controls.filesToCheck);
-  ApplyOptions(disk, options, settings);
-  NoteUnusedDictionary(messages, settings.controls);
-  return settings;
+  NoteReplacedFiles(messages, named, controls.filesToCheck);
+  ApplyOptions(disk, options, request.settings);
+  NoteUnusedDictionary(messages, controls);
+  // A list of a settings file names the files themselves.
+  if (controls.filesToCheck == named) ListFolders(disk, messages, paths, request);
+  request.delivery = options.delivery;
+  for (std::string* path : {&request.delivery.baseline, &request.delivery.waivers})
+    *path = PathToRead(disk, *path);
+  return request;
 }
 
 int Main(const std::vector<std::string>& arguments) {
   CLI::App app("Checks AGS 3 and AGS 4 data files and prints the report.", "quorvane-check");
   Options options;
-  Describe(app, options);
+  DescribeOptions(app, options);
   const SortedArguments sorted = SortArguments(arguments);
   try {
     app.parse(std::vector<std::string>(sorted.others.rbegin(), sorted.others.rend()));
-    RefuseContradiction(app);
-    RefuseTwoLogs(options);
+    RefuseContradictions(app, options);
   } catch (const CLI::ParseError& outcome) {
     return app.exit(outcome) == 0 ? 0 : NothingDone;
   }
   SystemDisk disk;
   SystemEnvironment environment;
-  const std::optional<RunSettings> settings =
-      SettingsOf(disk, options, SplitCommandLine(sorted.forOptionWords));
-  if (!settings) return NothingDone;
-  if (options.whichEdition) {
-    return ListEditionsOnConsole(disk, environment, settings->controls.filesToCheck);
-  }
-  return CheckOnConsole(disk, environment, *settings, LogOutput::StandardOutput,
-                        FindingsOutputOf(options));
+  const std::optional<Request> request =
+      RequestOf(disk, options, SplitCommandLine(sorted.forOptionWords));
+  if (!request) return NothingDone;
+  const int status =
+      options.whichEdition
+          ? ListEditionsOnConsole(disk, environment, request->settings.controls.filesToCheck)
+          : CheckOnConsole(
+                disk, environment, request->settings,
+                {LogOutput::StandardOutput, FindingsOutputOf(options), request->delivery});
+  return request->lacksFiles ? std::max(status, static_cast<int>(CheckStatus::HasErrors)) : status;
 }
 
 }  // namespace

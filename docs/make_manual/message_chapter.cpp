@@ -98,8 +98,11 @@ QString InVersion(const QString& version, const MessageForm& form) {
   return rule.isEmpty() ? version : version + QStringLiteral(" (") + rule + u')';
 }
 
+/// Stands between two facts of a message.
+const QString Separator = QStringLiteral("  \u00b7  ");
+
 QString Facts(const MessageForm& form, const QString& versions) {
-  return Label(form.severity) + QStringLiteral("  \u00b7  ") + versions;
+  return Label(form.severity) + Separator + versions;
 }
 
 /// The facts of a message that reads the same in both versions.
@@ -157,21 +160,21 @@ class ChapterWriter {
     cursor_.insertText(text, {});
   }
 
-  void WriteForm(const MessageForm& form, const QString& facts) {
+  void WriteForm(const MessageForm& form, const QString& facts, std::string_view id) {
     WriteBlock(BlockRole::MessageText, Readable(form.text));
-    WriteBlock(BlockRole::MessageFacts, facts);
+    WriteBlock(BlockRole::MessageFacts, facts + Separator + ToText(id));
   }
 
-  void WriteFormOf(const MessageForm& form, const QString& version) {
-    if (form.Exists()) WriteForm(form, Facts(form, InVersion(version, form)));
+  void WriteFormOf(const MessageForm& form, const QString& version, std::string_view id) {
+    if (form.Exists()) WriteForm(form, Facts(form, InVersion(version, form)), id);
   }
 
   void WriteMessage(const MessageDefinition& message) {
     if (ReadAlike(message.ags3, message.ags4)) {
-      WriteForm(message.ags3, SharedFacts(message.ags3, message.ags4));
+      WriteForm(message.ags3, SharedFacts(message.ags3, message.ags4), message.id);
     } else {
-      WriteFormOf(message.ags3, QStringLiteral("AGS 3"));
-      WriteFormOf(message.ags4, QStringLiteral("AGS 4"));
+      WriteFormOf(message.ags3, QStringLiteral("AGS 3"), message.id);
+      WriteFormOf(message.ags4, QStringLiteral("AGS 4"), message.id);
     }
     WriteBlock(BlockRole::MessageBody, ToText(message.meaning));
     QTextCharFormat label;

@@ -18,9 +18,9 @@ void AppendPart(std::string& text, std::string_view part) {
 
 }  // namespace
 
-std::size_t FindingIdentifier::Hash::operator()(const FindingIdentity& identity) const {
+std::size_t FindingIdentityHash::operator()(const FindingIdentity& identity) const {
   constexpr std::size_t factor = 1099511628211U;
-  std::size_t hash = 0;
+  auto hash = static_cast<std::size_t>(identity.occurrence);
   for (const std::string_view part :
        {identity.fileName, identity.id, identity.group, identity.key, identity.heading}) {
     hash = hash * factor + std::hash<std::string_view>()(part);
@@ -29,8 +29,12 @@ std::size_t FindingIdentifier::Hash::operator()(const FindingIdentity& identity)
 }
 
 FindingIdentity FindingIdentifier::Identify(const FileRecord& file, const FindingRecord& finding) {
-  FindingIdentity identity{FileNameOf(file.path), finding.definition->id, file.GroupName(finding),
-                           finding.key, file.HeadingName(finding)};
+  return Identify({FileNameOf(file.path), finding.definition->id, file.GroupName(finding),
+                   finding.key, file.HeadingName(finding)});
+}
+
+FindingIdentity FindingIdentifier::Identify(FindingIdentity identity) {
+  identity.occurrence = 1;
   identity.occurrence = ++counts_[identity];
   return identity;
 }

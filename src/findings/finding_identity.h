@@ -13,7 +13,7 @@ namespace quorvane {
 /// What makes a finding the same one in another run, although lines have moved since and the file
 /// stands in another folder. The views are into the report of the finding.
 struct FindingIdentity {
-  std::string_view fileName;  // the last part of the file's path
+  std::string_view fileName;  // the last part of the file's path, or more: see FileNames
   std::string_view id;        // of the message
   std::string_view group;
   std::string_view key;
@@ -23,18 +23,23 @@ struct FindingIdentity {
   friend bool operator==(const FindingIdentity&, const FindingIdentity&) = default;
 };
 
+/// For tables of identities; occurrences of one finding have values of their own.
+struct FindingIdentityHash {
+  std::size_t operator()(const FindingIdentity& identity) const;
+};
+
 /// Tells the identities of the findings of one report. It counts occurrences, so it is to be asked
 /// for every finding once, in the order of the report, which must outlive it.
 class FindingIdentifier {
  public:
   FindingIdentity Identify(const FileRecord& file, const FindingRecord& finding);
 
- private:
-  struct Hash {
-    std::size_t operator()(const FindingIdentity& identity) const;
-  };
+  /// The identity of a finding of which everything but the occurrence is known.
+  FindingIdentity Identify(FindingIdentity identity);
 
-  std::unordered_map<FindingIdentity, std::int64_t, Hash> counts_;  // by their first occurrence
+ private:
+  // By their first occurrence.
+  std::unordered_map<FindingIdentity, std::int64_t, FindingIdentityHash> counts_;
 };
 
 /// The SHA-256 of an identity, as 64 hexadecimal digits: two identities have the same one only when

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "dictionary/dictionary_store.h"
+#include "findings/associated_files.h"
 #include "findings/line_fields.h"
 #include "findings/sha256.h"
 #include "text/text.h"
@@ -147,6 +148,7 @@ class FileRecorder {
     if (result_.checked != nullptr) {
       record_.statedVersion = ToUtf8(Trim(result_.checked->versionText));
       record_.groups = RecordGroups(result_.checked->table);
+      record_.associatedFiles = NamedFiles(result_.checked->table);
     }
     for (const std::string& section : result_.log.Sections())
       record_.sections.push_back(ToUtf8(Trim(section)));
@@ -230,8 +232,10 @@ void FindingsCollector::RefuseFile(std::string_view reason) {
   report_.files.back().reason = ToUtf8(reason);
 }
 
-void FindingsCollector::EndRun(CheckStatus status) {
+CheckStatus FindingsCollector::EndRun(CheckStatus status, RunLog& log) {
   report_.status = status;
+  if (closing_ != nullptr) closing_->Close(report_, log);
+  return report_.status;
 }
 
 }  // namespace quorvane

@@ -8,11 +8,21 @@
 
 namespace quorvane {
 
+/// Works on the report of a run once its last file is checked.
+class RunClosing {
+ public:
+  virtual ~RunClosing() = default;
+
+  /// May mark the findings, change the status and write to the end of the log.
+  virtual void Close(FindingsReport& report, RunLog& log) = 0;
+};
+
 /// Makes the report of a run from what the run hands over.
 class FindingsCollector : public FindingsReceiver {
  public:
-  /// The environment must outlive the collector.
-  explicit FindingsCollector(const Environment& environment) : environment_(environment) {}
+  /// The environment, and a closing that is wanted, must outlive the collector.
+  explicit FindingsCollector(const Environment& environment, RunClosing* closing = nullptr)
+      : environment_(environment), closing_(closing) {}
 
   /// The report of the last run; without files when there was none.
   const FindingsReport& Report() const { return report_; }
@@ -24,10 +34,11 @@ class FindingsCollector : public FindingsReceiver {
   void BeginFile(std::string_view path) override;
   void TakeFile(const FileResult& result) override;
   void RefuseFile(std::string_view reason) override;
-  void EndRun(CheckStatus status) override;
+  CheckStatus EndRun(CheckStatus status, RunLog& log) override;
 
  private:
   const Environment& environment_;
+  RunClosing* closing_;
   FindingsReport report_;
 };
 

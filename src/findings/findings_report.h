@@ -31,6 +31,14 @@ struct GroupRecord {
   std::vector<HeadingRecord> headings;
 };
 
+/// What a run that is compared with an earlier one, or has waivers, knows of a finding.
+enum class FindingState : std::uint8_t {
+  None,   // nothing was asked
+  New,    // the earlier run did not find it
+  Known,  // the earlier run found it too
+  Waived  // somebody has accepted it
+};
+
 /// One finding. Its texts belong to the file's record.
 struct FindingRecord {
   const MessageDefinition* definition = nullptr;
@@ -41,8 +49,34 @@ struct FindingRecord {
   std::int32_t group = 0;     // in the file's groups
   std::int32_t heading = 0;   // in the group's headings
   std::uint32_t section = 0;  // index into the file's sections
+  std::int32_t waiver = 0;    // in the report's waivers, when it is waived
   Severity severity = Severity::Error;
   bool isUnderHeadings = false;  // the line's fields are those of the group's headings, in order
+  FindingState state = FindingState::None;
+
+  /// Whether it makes the run one with errors.
+  bool Counts() const {
+    return severity == Severity::Error &&
+           (state == FindingState::None || state == FindingState::New);
+  }
+};
+
+/// A file that a data file names as belonging to it.
+struct AssociatedFile {
+  enum class State : std::uint8_t {
+    NotLookedFor,
+    There,
+    InOtherCase,  // its name there differs in letter case
+    Missing,
+    NoFileName  // what stands in the data file cannot be the name of a file or folder
+  };
+
+  std::string fileSet;
+  std::string name;
+  State state = State::NotLookedFor;
+  std::string pathThere;  // below the folder of the data file, with "/": when in another case
+
+  friend bool operator==(const AssociatedFile&, const AssociatedFile&) = default;
 };
 
 /// A line of a file with a finding.
@@ -84,8 +118,9 @@ struct FileRecord {
   SeverityCounts counts;
   std::vector<std::string> sections;
   std::vector<GroupRecord> groups;
-  std::vector<FindingRecord> findings;  // in the order of the report
-  std::vector<LineRecord> lines;        // those with findings, ascending
+  std::vector<FindingRecord> findings;          // in the order of the report
+  std::vector<LineRecord> lines;                // those with findings, ascending
+  std::vector<AssociatedFile> associatedFiles;  // each once, in the order of the FILE group
 
   TextStore texts;  // of findings and lines
 
@@ -99,6 +134,50 @@ struct FileRecord {
   const std::string& Section(const FindingRecord& finding) const;
 };
 
+/// A finding as the data of an earlier run has it.
+struct EarlierFinding {
+  std::string_view id;
+  std::string_view group;
+  std::string_view key;
+  std::string_view heading;
+  std::string_view text;
+  std::int32_t line = 0;
+  Severity severity = Severity::Error;
+};
+
+/// A file of an earlier run, or a part of its findings.
+struct EarlierFile {
+  std::string path;
+  std::vector<EarlierFinding> findings;
+};
+
+/// What comparing a run with an earlier one gave, besides the states of its findings.
+struct ComparisonRecord {
+  std::string baseline;                  // path of the earlier run's data
+  std::vector<EarlierFile> gone;         // files with findings that are no longer found, with these
+  std::vector<EarlierFile> notCompared;  // files that this run did not check (to the end)
+  TextStore texts;                       // of the findings
+};
+
+/// One accepted kind of finding: which ones, and why. A field without value means any.
+struct WaiverRecord {
+  std::int32_t line = 0;  // of the file with the waivers
+  std::string id;
+  std::optional<std::string> file;
+  std::optional<std::string> group;
+  std::optional<std::string> key;
+  std::optional<std::string> heading;
+  std::string reason;
+  std::int64_t matches = 0;  // findings that it fits, those of waivers before it included
+};
+
+/// The files below a folder "FILE" that no data file beside it names.
+struct UnnamedFiles {
+  std::string folder;              // of the data files, with its separator; empty: the current one
+  std::vector<std::string> names;  // below that folder, with "/"
+  std::vector<std::string> gaps;   // folders that could not be listed, with the reason
+};
+
 /// A whole run.
 struct FindingsReport {
   std::string programVersion;
@@ -106,6 +185,11 @@ struct FindingsReport {
   CheckSettings settings;
   std::vector<FileRecord> files;  // in the order of the run, those that could not be read included
   CheckStatus status = CheckStatus::NotDone;
+
+  std::optional<ComparisonRecord> comparison;  // when there is an earlier run to compare with
+  std::string waiverFile;                      // empty when there is none
+  std::vector<WaiverRecord> waivers;
+  std::vector<UnnamedFiles> unnamedFiles;  // when associated files were looked for
 
   SeverityCounts Counts() const;
 };

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "text/large_block.h"
 
@@ -52,6 +53,14 @@ struct FileFacts {
   std::uint64_t size = 0;  // bytes
   FileTime lastChange;
   std::optional<FileFailure> obstacle;  // a folder, a device, no permission to look: cannot be read
+  bool isFolder = false;                // then this is the obstacle
+};
+
+/// One of the things that a folder holds.
+struct FolderEntry {
+  std::string name;
+  bool isFolder = false;  // of itself or as the target of a link
+  bool isLink = false;    // a symbolic link
 };
 
 /// The disk as Quorvane uses it, so that intake and its faults can be tested without files. Paths
@@ -68,6 +77,14 @@ class Disk {
     std::optional<FileFailure> failure;
   };
   virtual Reading Read(const std::string& path) = 0;
+
+  /// Lists what stands in a folder itself, in no order that can be relied upon. On failure the
+  /// failure says why and the entries are those that could still be read.
+  struct Listing {
+    std::vector<FolderEntry> entries;
+    std::optional<FileFailure> failure;
+  };
+  virtual Listing List(const std::string& folder) = 0;
 
   /// Replaces a file's content by two texts, one behind the other. Nothing on success.
   virtual std::optional<FileFailure> Write(const std::string& path, std::string_view text,

@@ -63,8 +63,7 @@ CheckStatus CheckRun::CheckFiles(const CheckSettings& settings) {
   WriteRunHeader(settings, paths.size());
   if (services_.findings != nullptr) services_.findings->BeginRun(settings);
   const CheckStatus status = CheckEach(paths);
-  if (services_.findings != nullptr) services_.findings->EndRun(status);
-  return status;
+  return services_.findings == nullptr ? status : services_.findings->EndRun(status, *log_);
 }
 
 CheckStatus CheckRun::CheckEach(std::span<const std::string_view> paths) {

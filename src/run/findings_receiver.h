@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "report/message_log.h"
+#include "report/run_log.h"
 #include "rules/checked_file.h"
 #include "run/check_file.h"
 #include "run/check_window.h"
@@ -28,7 +29,10 @@ class FindingsReceiver {
   virtual void BeginFile(std::string_view path) = 0;
   virtual void TakeFile(const FileResult& result) = 0;
   virtual void RefuseFile(std::string_view reason) = 0;
-  virtual void EndRun(CheckStatus status) = 0;
+
+  /// Every file has been taken or refused. What is still to be said goes to the end of the run's
+  /// log. Returns the status with which the run ends.
+  virtual CheckStatus EndRun(CheckStatus status, RunLog& log) = 0;
 };
 
 }  // namespace quorvane

@@ -15,6 +15,7 @@
 #include "run/system_text.h"
 #include "text/terminal_text.h"
 #include "text/text.h"
+#include "text/utf8.h"
 
 namespace quorvane {
 namespace {
@@ -35,10 +36,6 @@ HANDLE ConsoleOf(std::FILE* stream) {
   return GetConsoleMode(handle, &mode) == 0 ? nullptr : handle;
 }
 
-bool IsTerminal(std::FILE* stream) {
-  return ConsoleOf(stream) != nullptr;
-}
-
 /// Shows bytes in a console window, which takes UTF-16: from UTF-8, else from Windows-1252.
 bool ShowOnTerminal(std::FILE* stream, std::string_view bytes) {
   constexpr unsigned int westernCodePage = 1252;
@@ -49,10 +46,6 @@ bool ShowOnTerminal(std::FILE* stream, std::string_view bytes) {
 }
 #else
 constexpr std::string_view StreamLineEnd = "\n";
-
-bool IsTerminal(std::FILE* stream) {
-  return ::isatty(::fileno(stream)) != 0;
-}
 
 bool ShowOnTerminal(std::FILE* stream, std::string_view bytes) {
   return WriteBytes(stream, bytes);
@@ -96,6 +89,16 @@ std::error_code LastError() {
 
 }  // namespace
 
+#if defined(_WIN32)
+bool IsTerminal(std::FILE* stream) {
+  return ConsoleOf(stream) != nullptr;
+}
+#else
+bool IsTerminal(std::FILE* stream) {
+  return ::isatty(::fileno(stream)) != 0;
+}
+#endif
+
 void PrepareStandardStreams() {
 #if defined(_WIN32)
   for (std::FILE* stream : {stdout, stderr}) {
@@ -137,6 +140,13 @@ std::error_code WriteBytesToStream(std::FILE* stream, std::string_view bytes) {
     bytes.remove_prefix(end + 1);
   }
   return WriteToStream(stream, shown.append(bytes));
+}
+
+void ReplaceTerminalLine(std::FILE* stream, std::string_view line, std::size_t oldLength) {
+  const std::string shown = TerminalText(line);
+  std::string orders = "\r";
+  if (CharacterCount(shown) < oldLength) orders.append(oldLength, ' ').append("\r");
+  ShowOnTerminal(stream, orders + shown);
 }
 
 void StandardOutput::Write(std::string_view text) {

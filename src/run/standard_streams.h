@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdio>
 #include <string_view>
 #include <system_error>
@@ -17,6 +18,14 @@ void PrepareStandardStreams();
 /// Writes a text with the platform's line ends. On a terminal, control characters inside its lines
 /// are shown as text. Returns the system's error when something could not be written.
 std::error_code WriteToStream(std::FILE* stream, std::string_view text);
+
+/// Whether what a stream is given is shown on a terminal.
+bool IsTerminal(std::FILE* stream);
+
+/// Puts a text, as WriteToStream shows one, in the place of the line of a terminal in which the
+/// cursor stands. The length is that of the text that stood there, in characters: what is longer is
+/// wiped out.
+void ReplaceTerminalLine(std::FILE* stream, std::string_view line, std::size_t oldLength);
 
 /// Writes bytes as they are, for what other programs read. On a terminal they are shown as lines
 /// that end with LF or CR LF, control characters as text. Returns the system's error when something

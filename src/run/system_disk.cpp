@@ -105,6 +105,7 @@ FileFacts SystemDisk::Examine(const std::string& givenPath) {
   }
   facts.exists = true;
   if (std::filesystem::is_directory(status)) {
+    facts.isFolder = true;
     facts.obstacle = FailureOf(std::make_error_code(std::errc::is_a_directory));
   } else if (!std::filesystem::is_regular_file(status)) {
     facts.obstacle = FailureOf(std::make_error_code(std::errc::operation_not_supported));
@@ -147,6 +148,20 @@ Disk::Reading SystemDisk::Read(const std::string& path) {
     reading.content = std::move(*room);
   }
   return reading;
+}
+
+Disk::Listing SystemDisk::List(const std::string& folder) {
+  Listing listing;
+  std::error_code failure;
+  std::filesystem::directory_iterator entry(SystemPath(folder), failure);
+  for (; !failure && entry != std::filesystem::directory_iterator(); entry.increment(failure)) {
+    // What cannot be looked at is no folder: it fails when it is read.
+    std::error_code ignored;
+    listing.entries.push_back({PathText(entry->path().filename()), entry->is_directory(ignored),
+                               entry->is_symlink(ignored)});
+  }
+  if (failure) listing.failure = FailureOf(failure);
+  return listing;
 }
 
 std::optional<FileFailure> SystemDisk::Write(const std::string& path, std::string_view text,

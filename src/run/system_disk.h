@@ -13,6 +13,7 @@ class SystemDisk : public Disk {
  public:
   FileFacts Examine(const std::string& path) override;
   Reading Read(const std::string& path) override;
+  Listing List(const std::string& folder) override;
   std::optional<FileFailure> Write(const std::string& path, std::string_view text,
                                    std::string_view ending) override;
 };

@@ -49,6 +49,10 @@ std::filesystem::path SystemPath(std::string_view path) {
   return Widen(path, AnsiCodePage());
 }
 
+std::string PathText(const std::filesystem::path& path) {
+  return Narrow(path.native());
+}
+
 std::vector<std::string> ProgramArguments(int /*argumentCount*/, const char* const* /*arguments*/) {
   std::vector<std::string> texts;
   int count = 0;
@@ -61,6 +65,10 @@ std::vector<std::string> ProgramArguments(int /*argumentCount*/, const char* con
 #else
 std::filesystem::path SystemPath(std::string_view path) {
   return path;
+}
+
+std::string PathText(const std::filesystem::path& path) {
+  return path.native();
 }
 
 std::vector<std::string> ProgramArguments(int argumentCount, const char* const* arguments) {

@@ -14,6 +14,9 @@ namespace quorvane {
 /// A path that the user or the system gave, as the system's own routines take it.
 std::filesystem::path SystemPath(std::string_view path);
 
+/// The same the other way: a path that the system's own routines gave.
+std::string PathText(const std::filesystem::path& path);
+
 /// The arguments of the program without its own name. On Windows they come from the system, because
 /// those of main have lost the letters outside the ANSI code page.
 std::vector<std::string> ProgramArguments(int argumentCount, const char* const* arguments);

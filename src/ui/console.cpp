@@ -13,6 +13,7 @@ void ConsoleMessages::ShowBox(std::string_view title, std::string_view text, Box
 void ConsoleMessages::Note(std::string_view text) {
   // Both streams stand in their order where they go to one place.
   if (output_ != nullptr) output_->Flush();
+  if (progress_ != nullptr) progress_->Wipe();
   WriteToStream(stderr, std::string(text).append(LineBreak));
 }
 

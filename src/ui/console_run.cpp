@@ -10,7 +10,7 @@
 namespace quorvane {
 namespace {
 
-constexpr int NotWritten = static_cast<int>(CheckStatus::NotDone);
+constexpr int NotDone = static_cast<int>(CheckStatus::NotDone);
 
 /// Writes findings as data to their file or to standard output. When the file cannot be written it
 /// shows the box that says why and returns true.
@@ -25,28 +25,33 @@ bool SaveFindings(Disk& disk, UserMessages& messages, StandardOutput& standardOu
 }  // namespace
 
 int CheckOnConsole(Disk& disk, Environment& environment, const RunSettings& settings,
-                   LogOutput output, const std::optional<FindingsOutput>& findings) {
+                   const ConsoleRequest& request) {
+  const std::optional<FindingsOutput>& findings = request.findings;
   StandardOutput standardOutput;
-  ConsoleMessages messages(standardOutput);
+  ProgressLine progress;
+  ConsoleMessages messages(standardOutput, progress);
+  DeliveryClosing closing(disk, request.delivery);
+  if (!closing.Prepare(messages)) return NotDone;
   const bool hasLogFile = !settings.logFile.empty();
   const bool mayPrintLog = !findings || !findings->file.empty();
-  const bool printsLog = mayPrintLog && (output == LogOutput::StandardOutput || !hasLogFile);
-  Console console(settings.controls, printsLog, standardOutput);
+  const bool printsLog = mayPrintLog && (request.log == LogOutput::StandardOutput || !hasLogFile);
+  Console console(settings.controls, printsLog, standardOutput, progress);
   UnattendedParentChoice parentChoice(messages);
-  FindingsCollector collector(environment);
+  FindingsCollector collector(environment, &closing);
+  const bool collects = findings.has_value() || request.delivery.Any();
   CheckRun run(Services{disk, environment, messages, console, console, parentChoice,
-                        findings ? &collector : nullptr});
+                        collects ? &collector : nullptr});
   int status = static_cast<int>(run.ExecuteChecking());
   if (run.LogText().empty()) return status;
 
   if (printsLog) standardOutput.Write(LineBreak);
   if (hasLogFile && SaveLogFile(disk, messages, settings.logFile, run.LogText())) {
     if (mayPrintLog && !printsLog) standardOutput.Write(run.LogText() + std::string(LineBreak));
-    status = NotWritten;
+    status = NotDone;
   }
   if (findings && SaveFindings(disk, messages, standardOutput, *findings, collector.Report()))
-    status = NotWritten;
-  return standardOutput.IsLost(messages) ? NotWritten : status;
+    status = NotDone;
+  return standardOutput.IsLost(messages) ? NotDone : status;
 }
 
 }  // namespace quorvane

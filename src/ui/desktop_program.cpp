@@ -1,6 +1,7 @@
 #include "ui/desktop_program.h"
 
 #include <array>
+#include <optional>
 
 #include <QApplication>
 #include <QIcon>
@@ -58,7 +59,8 @@ int RunWithoutWindow(Disk& disk, Environment& environment,
     return NotDone;
   }
   if (start.outcome == SettingsOutcome::Missing) return NotDone;
-  return CheckOnConsole(disk, environment, start.settings, LogOutput::LogFileOnly);
+  return CheckOnConsole(disk, environment, start.settings,
+                        {LogOutput::LogFileOnly, std::nullopt, {}});
 }
 
 int RunInWindow(Disk& disk, Environment& environment, const std::vector<std::string>& arguments) {

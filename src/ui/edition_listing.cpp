@@ -12,6 +12,7 @@
 #include "text/comma_list.h"
 #include "text/text.h"
 #include "ui/console.h"
+#include "ui/progress_line.h"
 
 namespace quorvane {
 namespace {
@@ -48,7 +49,8 @@ class EditionListing {
   Disk& disk_;
   DictionaryStore dictionaries_;
   StandardOutput output_;
-  ConsoleMessages messages_{output_};
+  ProgressLine progress_;
+  ConsoleMessages messages_{output_, progress_};
 };
 
 }  // namespace

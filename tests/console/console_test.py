@@ -129,12 +129,15 @@ class ConsoleTest(ConsoleCase):
     def test_files_that_cannot_be_checked_are_named_and_the_next_one_is_checked(self):
         self.write("empty.ags", b"")
         self.write("clean.ags")
-        run = self.run_program("empty.ags", "missing.ags", self.folder, "clean.ags")
+        (self.folder / "folder").mkdir()
+        self.write("settings.txt", b"FILESTOCHECK=<ARRAY>\r\nempty.ags\r\nmissing.ags\r\nfolder\r\n"
+                                   b"clean.ags\r\n</ARRAY>\r\n")
+        run = self.run_program("--settings", "settings.txt")
         self.assertEqual(run.returncode, 1)
         errors = run.stderr.decode().splitlines()
         self.assertEqual(errors[0], "empty.ags: File is not an AGS 3 or 4 format file")
         self.assertEqual(errors[1], "missing.ags: File not found")
-        self.assertEqual(errors[2], f"{self.folder}: Is a directory")
+        self.assertEqual(errors[2], "folder: Is a directory")
         self.assertEqual(len(errors), 3)
         self.assertIn(b"No problems found in file.", run.stdout)
 

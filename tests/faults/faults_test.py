@@ -209,8 +209,8 @@ class LogFile(Faults):
 
 
 @unittest.skipUnless(IS_ROOT, "needs files of two owners")
-class LogFileOfAnotherUser(Faults):
-    """As superuser every folder takes new files: these runs are another user's."""
+class RunsOfAnotherUser(Faults):
+    """As superuser every folder can be opened and takes new files: these runs are another user's."""
 
     def setUp(self):
         super().setUp()
@@ -225,6 +225,33 @@ class LogFileOfAnotherUser(Faults):
         except PermissionError:
             return self.skipTest("the other user cannot start the program")
 
+
+class FolderOfAnotherUser(RunsOfAnotherUser):
+    def setUp(self):
+        super().setUp()
+        self.closed = self.folder / "d" / "closed"
+        self.closed.mkdir(parents=True)
+        shutil.copy(self.folder / "clean.ags", self.folder / "d" / "open.ags")
+        self.closed.chmod(0o700)
+
+    def test_is_named_and_the_other_files_are_checked(self):
+        run = self.run_program("d", "--summary", user=NOBODY)
+        self.assertEqual((run.returncode, run.stderr), (1, b"d/closed: Permission denied\n"))
+        self.assertIn(b"File:  d/open.ags (1 of 1)\n", run.stdout)
+        self.assertIn(NO_PROBLEMS, run.stdout)
+
+    def test_may_hold_associated_files_that_cannot_be_seen(self):
+        group = b"\r\n".join([b'"**FILE"', b'"*FILE_FSET","*FILE_NAME","*FILE_DESC"',
+                              b'"<UNITS>","",""', b'"closed","a.jpg","d"', b""])
+        self.closed.rename(self.folder / "FILE")
+        (self.folder / "clean.ags").write_bytes(CLEAN + b"\r\n" + group)
+        run = self.run_program("clean.ags", "--files", user=NOBODY)
+        self.assertEqual(run.returncode, 1)
+        self.assertIn(b"  Missing: FILE/closed/a.jpg\n", run.stdout)
+        self.assertIn(b"  Could not be listed: FILE: Permission denied\n", run.stdout)
+
+
+class LogFileOfAnotherUser(RunsOfAnotherUser):
     def test_in_a_folder_that_takes_no_new_file(self):
         run = self.run_program("clean.ags", "--log", "log.txt", user=NOBODY)
         self.assert_not_saved(run, "Permission denied")
@@ -270,7 +297,9 @@ class Input(Faults):
             self.assert_refused(self.run_program(name), name, "Operation not supported")
 
     def test_that_is_a_folder(self):
-        self.assert_refused(self.run_program("."), ".", "Is a directory")
+        (self.folder / "settings.txt").write_bytes(b"FILESTOCHECK=.\r\n")
+        run = self.run_program("--settings", "settings.txt")
+        self.assert_refused(run, ".", "Is a directory")
 
     def test_whose_links_lead_nowhere(self):
         (self.folder / "gone.ags").symlink_to("nothing.ags")

@@ -9,6 +9,7 @@
 #include <string>
 #include <system_error>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #if !defined(_WIN32)
@@ -24,6 +25,16 @@ namespace quorvane::test {
 namespace {
 
 namespace fs = std::filesystem;
+
+using testing::AllOf;
+using testing::Field;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+testing::Matcher<FolderEntry> IsEntry(const std::string& name, bool isFolder, bool isLink) {
+  return AllOf(Field(&FolderEntry::name, name), Field(&FolderEntry::isFolder, isFolder),
+               Field(&FolderEntry::isLink, isLink));
+}
 
 /// The words that the system has for a failure.
 std::string Words(std::errc failure) {
@@ -163,6 +174,29 @@ TEST_F(SystemDiskTest, AFolderCannotBeRead) {
   }
 }
 
+TEST_F(SystemDiskTest, OnlyFoldersAreFolders) {
+  EXPECT_TRUE(disk_.Examine(folder_.string()).isFolder);
+  EXPECT_FALSE(disk_.Examine(Put("file.ags", "x")).isFolder);
+  EXPECT_FALSE(disk_.Examine(PathOf("missing.ags")).isFolder);
+}
+
+TEST_F(SystemDiskTest, ListsAFolder) {
+  Put("Stra\xC3\x9F\x65 1.ags", "x");
+  fs::create_directory(folder_ / "folder");
+  Put("folder/deeper.ags", "x");
+  const Disk::Listing listing = disk_.List(folder_.string());
+  EXPECT_FALSE(listing.failure.has_value());
+  EXPECT_THAT(listing.entries, UnorderedElementsAre(IsEntry("Stra\xC3\x9F\x65 1.ags", false, false),
+                                                    IsEntry("folder", true, false)));
+}
+
+TEST_F(SystemDiskTest, CannotListWhatIsNoFolder) {
+  EXPECT_EQ(disk_.List(PathOf("missing")).failure->number, ENOENT);
+  const Disk::Listing listing = disk_.List(Put("file.ags", "x"));
+  EXPECT_TRUE(listing.failure.has_value());
+  EXPECT_THAT(listing.entries, IsEmpty());
+}
+
 TEST_F(SystemDiskTest, WritesBothTexts) {
   const std::string path = PathOf("new log.txt");
   EXPECT_FALSE(disk_.Write(path, "one\r\ntwo\xB5\r\n", "\r\n").has_value());
@@ -229,6 +263,17 @@ TEST_F(SystemDiskTest, ReadsWhatALinkPointsTo) {
   EXPECT_TRUE(loop.exists) << "it is there, but cannot be followed";
   ASSERT_TRUE(loop.obstacle.has_value());
   EXPECT_EQ(loop.obstacle->number, ELOOP);
+}
+
+TEST_F(SystemDiskTest, ListsLinksAsSuch) {
+  Put("file.ags", "x");
+  fs::create_symlink("file.ags", folder_ / "link.ags");
+  fs::create_symlink("missing.ags", folder_ / "dangling.ags");
+  fs::create_directory_symlink(".", folder_ / "loop");
+  EXPECT_THAT(
+      disk_.List(folder_.string()).entries,
+      UnorderedElementsAre(IsEntry("file.ags", false, false), IsEntry("link.ags", false, true),
+                           IsEntry("dangling.ags", false, true), IsEntry("loop", true, true)));
 }
 
 TEST_F(SystemDiskTest, APathThatIsTooLongIsRefusedInTheSystemsWords) {

@@ -65,5 +65,12 @@ TEST(SystemText, ArgumentsLeaveOutTheProgram) {
 }
 #endif
 
+TEST(SystemText, OfAPathIsTheSameThereAndBack) {
+  const std::string path =
+      "Stra\xC3\x9F"
+      "e \xF0\x9F\x8C\x8D.ags";
+  EXPECT_EQ(PathText(SystemPath(path)), path);
+}
+
 }  // namespace
 }  // namespace quorvane::test

@@ -24,11 +24,12 @@ std::string WithLogLineEnds(std::string_view text) {
 
 class ConsoleRunTest : public testing::Test {
  protected:
-  Outcome Check(LogOutput output, const std::optional<FindingsOutput>& findings = std::nullopt) {
+  Outcome Check(LogOutput output, const std::optional<FindingsOutput>& findings = std::nullopt,
+                const DeliveryOptions& delivery = {}) {
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     Outcome outcome;
-    outcome.status = CheckOnConsole(disk_, environment_, settings_, output, findings);
+    outcome.status = CheckOnConsole(disk_, environment_, settings_, {output, findings, delivery});
     outcome.output = WithLogLineEnds(testing::internal::GetCapturedStdout());
     outcome.errors = WithLogLineEnds(testing::internal::GetCapturedStderr());
     return outcome;
@@ -149,6 +150,26 @@ TEST_F(ConsoleRunTest, ThereAreNoFindingsWhereThereIsNothingToCheck) {
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.output, "");
   EXPECT_FALSE(disk_.files.contains("findings.json"));
+}
+
+TEST_F(ConsoleRunTest, WhatIsSaidOfTheWholeDeliveryIsPrintedAndSaved) {
+  settings_.controls.filesToCheck = "missing.ags";
+  settings_.logFile = "log.txt";
+  const Outcome outcome = Check(LogOutput::StandardOutput, std::nullopt, {true, false, "", ""});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_TRUE(outcome.output.ends_with("0 of 1\r\n\r\n")) << outcome.output;
+  EXPECT_EQ(outcome.output, disk_.files["log.txt"]);
+}
+
+TEST_F(ConsoleRunTest, ChecksNothingWhereTheBaselineCannotBeUsed) {
+  settings_.controls.filesToCheck = "missing.ags";
+  settings_.logFile = "log.txt";
+  const Outcome outcome =
+      Check(LogOutput::StandardOutput, std::nullopt, {false, false, "old.json", ""});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.output, "");
+  EXPECT_EQ(outcome.errors, "Quorvane: Baseline file 'old.json' does not exist.\r\n");
+  EXPECT_FALSE(disk_.files.contains("log.txt"));
 }
 
 }  // namespace

@@ -16,6 +16,29 @@ typename Map::const_iterator Find(const Map& map, const std::string& path) {
   return map.find(ReplaceAll(path, "\\", "/"));
 }
 
+/// The path with "/" between folders and at its end.
+std::string AsFolder(const std::string& path) {
+  std::string folder =
+      std::filesystem::path::preferred_separator == '/' ? path : ReplaceAll(path, "\\", "/");
+  if (!folder.ends_with('/')) folder += '/';
+  return folder;
+}
+
+bool HoldsFiles(const std::map<std::string, std::string>& files, const std::string& folder) {
+  const auto next = files.lower_bound(folder);
+  return next != files.end() && next->first.starts_with(folder);
+}
+
+/// Adds the part of a path that stands directly in a folder, unless it is none or there already.
+void AddEntry(std::map<std::string, FolderEntry>& entries, const std::string& folder,
+              const std::string& path, FolderEntry entry) {
+  if (!path.starts_with(folder) || path.size() == folder.size()) return;
+  const std::size_t end = path.find('/', folder.size());
+  entry.name = path.substr(folder.size(), end - folder.size());
+  if (end != std::string::npos) entry = {entry.name, true, false};
+  entries.emplace(entry.name, entry);
+}
+
 }  // namespace
 
 FileFacts MemoryDisk::Examine(const std::string& path) {
@@ -26,7 +49,13 @@ FileFacts MemoryDisk::Examine(const std::string& path) {
     return facts;
   }
   const auto found = Find(files, path);
-  if (found == files.end()) return facts;
+  if (found == files.end()) {
+    facts.isFolder =
+        folders.contains(path) || folderLinks.contains(path) || HoldsFiles(files, AsFolder(path));
+    facts.exists = facts.isFolder;
+    if (facts.isFolder) facts.obstacle = FileFailure{21, "Is a directory"};
+    return facts;
+  }
   facts.exists = true;
   const auto stated = Find(statedSizes, path);
   facts.size = stated != statedSizes.end() ? stated->second : found->second.size();
@@ -44,6 +73,26 @@ Disk::Reading MemoryDisk::Read(const std::string& path) {
     reading.failure = FileFailure{2, "No such file or directory"};
   }
   return reading;
+}
+
+Disk::Listing MemoryDisk::List(const std::string& folder) {
+  Listing listing;
+  if (const auto found = Find(listFailures, folder); found != listFailures.end()) {
+    listing.failure = found->second;
+    return listing;
+  }
+  const std::string prefix = AsFolder(folder);
+  std::map<std::string, FolderEntry> entries;
+  for (const auto& [path, content] : files)
+    AddEntry(entries, prefix, path, {});
+  for (const std::string& path : folders)
+    AddEntry(entries, prefix, path, {{}, true, false});
+  for (const std::string& path : folderLinks)
+    AddEntry(entries, prefix, path, {{}, true, true});
+  // No caller may rely upon an order.
+  for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry)
+    listing.entries.push_back(entry->second);
+  return listing;
 }
 
 std::optional<FileFailure> MemoryDisk::Write(const std::string& path, std::string_view text,

@@ -3,6 +3,7 @@
 #include <array>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,11 +17,13 @@
 
 namespace quorvane::test {
 
-/// A disk in memory. Faults are set per path.
+/// A disk in memory. Faults are set per path. A folder is there when a file stands below it, with
+/// "/" between.
 class MemoryDisk : public Disk {
  public:
   FileFacts Examine(const std::string& path) override;
   Reading Read(const std::string& path) override;
+  Listing List(const std::string& folder) override;
   std::optional<FileFailure> Write(const std::string& path, std::string_view text,
                                    std::string_view ending) override;
 
@@ -29,6 +32,9 @@ class MemoryDisk : public Disk {
   std::map<std::string, FileFailure> obstacles;      // cannot be read: a folder, a device
   std::map<std::string, FileFailure> readFailures;   // fails while it is read
   std::map<std::string, FileFailure> writeFailures;  // cannot be written
+  std::map<std::string, FileFailure> listFailures;   // folders that cannot be listed
+  std::set<std::string> folders;                     // that hold no file
+  std::set<std::string> folderLinks;                 // links to folders
   std::optional<std::string> throwsWhenRead;         // a failure that nobody expects
 };
 

@@ -71,7 +71,7 @@ void MainWindowTest::Captions_data() {
   row("cmdQuorvane_3", "&About");
   row("cmdQuorvane_4", "&Help");
   row("chkUseCustomDict", "Use Custom Dictionary");
-  row("cmdEditions", "&Editions");
+  row("cmdEditions", "E&ditions");
   row("chkShowStats", "Show Data Statistics");
   row("chkSuppressFYIMesgs", "Suppress FYI (for your information only) messages");
   row("lblQuorvane_1", "Messages Listed By:");
