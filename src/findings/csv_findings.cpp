@@ -18,7 +18,7 @@ namespace {
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
 constexpr std::string_view ColumnNames =
-    "record,file,line,column,severity,id,rule,section,group,key,heading,message";
+    "record,file,line,column,severity,id,rule,section,group,key,heading,message,state,reason";
 
 /// What formulas begin with, in the wide form of East Asian texts too.
 constexpr std::array<std::string_view, 10> FormulaSigns{
@@ -90,7 +90,7 @@ class FactRows {
       : table_(table), record_(record), path_(path) {}
 
   void Add(std::string_view name, std::string_view value) {
-    table_.Word(record_).Text(path_).Skip(3).Word(name).Skip(5).Text(value).EndRow();
+    table_.Word(record_).Text(path_).Skip(3).Word(name).Skip(5).Text(value).Skip(2).EndRow();
   }
 
   void AddIfAny(std::string_view name, std::string_view value) {
@@ -125,6 +125,10 @@ void AddRun(CsvTable& table, const FindingsReport& report) {
   rows.Add("status", StatusWord(report.status));
   rows.Add("files", std::to_string(report.files.size()));
   rows.AddCounts(report.Counts());
+  for (const UnnamedFiles& files : report.unnamedFiles) {
+    for (const std::string& name : files.names)
+      rows.Add("unnamed-file", files.folder + name);
+  }
 }
 
 void AddFile(CsvTable& table, const FileRecord& file) {
@@ -140,13 +144,28 @@ void AddFile(CsvTable& table, const FileRecord& file) {
   rows.AddIfAny("dictionary", file.dictionary);
   rows.AddIfAny("edition", file.edition);
   rows.AddCounts(file.counts);
+  for (const AssociatedFile& associated : file.associatedFiles) {
+    if (associated.state == AssociatedFile::State::Missing)
+      rows.Add("missing-file", associated.fileSet + "/" + associated.name);
+  }
 }
 
-void AddFinding(CsvTable& table, const FileRecord& file, const FindingRecord& finding) {
+void AddFinding(CsvTable& table, const FindingsReport& report, const FileRecord& file,
+                const FindingRecord& finding) {
   table.Word("finding").Text(file.path).Number(finding.line).Number(finding.column);
   table.Word(SeverityWord(finding.severity)).Word(finding.definition->id);
   table.Text(file.Rule(finding)).Text(file.Section(finding)).Text(file.GroupName(finding));
-  table.Text(finding.key).Text(file.HeadingName(finding)).Text(finding.text).EndRow();
+  table.Text(finding.key).Text(file.HeadingName(finding)).Text(finding.text);
+  table.Word(StateWord(finding.state)).Text(report.WaiverReason(finding)).EndRow();
+}
+
+/// The findings of an earlier run that are no longer there.
+void AddGoneFindings(CsvTable& table, const EarlierFile& file) {
+  for (const EarlierFinding& finding : file.findings) {
+    table.Word("gone").Text(file.path).Number(finding.line).Skip(1);
+    table.Word(SeverityWord(finding.severity)).Text(finding.id).Skip(2).Text(finding.group);
+    table.Text(finding.key).Text(finding.heading).Text(finding.text).Skip(2).EndRow();
+  }
 }
 
 }  // namespace
@@ -157,7 +176,11 @@ std::string CsvFindings(const FindingsReport& report) {
   for (const FileRecord& file : report.files) {
     AddFile(table, file);
     for (const FindingRecord& finding : file.findings)
-      AddFinding(table, file, finding);
+      AddFinding(table, report, file, finding);
+  }
+  if (report.comparison) {
+    for (const EarlierFile& file : report.comparison->gone)
+      AddGoneFindings(table, file);
   }
   return table.TakeText();
 }

@@ -58,6 +58,25 @@ SeverityCounts FindingsReport::Counts() const {
   return counts;
 }
 
+std::string_view FindingsReport::WaiverReason(const FindingRecord& finding) const {
+  if (finding.state != FindingState::Waived) return {};
+  return waivers[static_cast<std::size_t>(finding.waiver)].reason;
+}
+
+std::string_view StateWord(FindingState state) {
+  switch (state) {
+    case FindingState::New:
+      return "new";
+    case FindingState::Known:
+      return "known";
+    case FindingState::Waived:
+      return "waived";
+    case FindingState::None:
+      break;
+  }
+  return {};
+}
+
 std::string_view SeverityWord(Severity severity) {
   switch (severity) {
     case Severity::Error:

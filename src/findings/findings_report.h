@@ -192,7 +192,12 @@ struct FindingsReport {
   std::vector<UnnamedFiles> unnamedFiles;  // when associated files were looked for
 
   SeverityCounts Counts() const;
+  /// Why a finding was accepted; empty when it was not.
+  std::string_view WaiverReason(const FindingRecord& finding) const;
 };
+
+/// The word for a state in data: "new", "known", "waived"; empty when nothing was asked.
+std::string_view StateWord(FindingState state);
 
 /// The word for a severity in data: "error", "warning", "fyi", or "remark" for one without a label.
 std::string_view SeverityWord(Severity severity);

@@ -203,8 +203,12 @@ class HtmlLineWriter {
 /// Writes the part of the page that is about one file.
 class HtmlFileWriter {
  public:
-  HtmlFileWriter(std::string& page, const FileRecord& file, std::size_t fileIndex)
-      : page_(page), file_(file), fileId_(HtmlFileId(fileIndex)), lines_(page, file, fileIndex) {}
+  HtmlFileWriter(std::string& page, const FindingsReport& report, std::size_t fileIndex)
+      : page_(page),
+        report_(report),
+        file_(report.files[fileIndex]),
+        fileId_(HtmlFileId(fileIndex)),
+        lines_(page, file_, fileIndex) {}
 
   void Append() {
     page_.append("<section class=\"file\" id=\"").append(fileId_).append("\">\n<h2>");
@@ -280,6 +284,8 @@ class HtmlFileWriter {
     AppendFact("Group ", file_.GroupName(finding));
     AppendFact("Heading ", file_.HeadingName(finding));
     AppendFact("Key ", finding.key);
+    AppendFact("Compared: ", finding.state == FindingState::Waived ? "" : StateWord(finding.state));
+    AppendFact("Waived: ", report_.WaiverReason(finding));
     page_.append("<a href=\"#kind-");
     AppendHtmlText(page_, finding.definition->id);
     page_.append("\">");
@@ -295,6 +301,7 @@ class HtmlFileWriter {
   }
 
   std::string& page_;
+  const FindingsReport& report_;
   const FileRecord& file_;
   std::string fileId_;
   HtmlLineWriter lines_;
@@ -369,7 +376,7 @@ std::string HtmlFindings(const FindingsReport& report) {
   page.append("<main>\n");
   if (counts.Total() > 0) AppendControls(page, counts);
   for (std::size_t index = 0; index < report.files.size(); ++index)
-    HtmlFileWriter(page, report.files[index], index).Append();
+    HtmlFileWriter(page, report, index).Append();
   if (counts.Total() > 0) AppendKinds(page, report);
   page.append("</main>\n<script>").append(HtmlScript).append("</script>\n</body>\n</html>\n");
   return page;

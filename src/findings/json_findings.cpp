@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "findings/json_delivery.h"
 #include "findings/json_records.h"
 #include "findings/run_facts.h"
 
@@ -22,13 +23,13 @@ void AppendSeparator(std::string& text, bool isFirst) {
 }
 
 /// The findings go into the text one by one: objects of them all would take many times the room.
-void AppendFile(std::string& text, const FileRecord& file) {
+void AppendFile(std::string& text, const FindingsReport& report, const FileRecord& file) {
   AppendOpenObject(text, FileObject(file));
   text.append(",\"findings\":[");
   for (const FindingRecord& finding : file.findings) {
     AppendSeparator(text, &finding == &file.findings.front());
     Json object;
-    AddFindingMembers(object, file, finding);
+    AddFindingMembers(object, report, file, finding);
     text.append(JsonText(object));
   }
   text.append("]}");
@@ -40,12 +41,13 @@ std::string JsonFindings(const FindingsReport& report) {
   Json head = FormatHead(report);
   head["run"] = RunObject(report);
   head["summary"] = SummaryObject(report);
+  AddDeliveryMembers(head, report);
   std::string text;
   AppendOpenObject(text, head);
   text.append(",\"files\":[");
   for (const FileRecord& file : report.files) {
     AppendSeparator(text, &file == &report.files.front());
-    AppendFile(text, file);
+    AppendFile(text, report, file);
   }
   return text.append("]}\n");
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "findings/json_delivery.h"
 #include "findings/run_facts.h"
 #include "text/utf8.h"
 
@@ -74,10 +75,13 @@ Json FileObject(const FileRecord& file) {
   AddIfAny(object, "dictionary", file.dictionary);
   AddIfAny(object, "edition", file.edition);
   object["counts"] = CountsObject(file.counts);
+  if (WereLookedFor(file.associatedFiles))
+    object["associatedFiles"] = AssociatedFilesArray(file.associatedFiles);
   return object;
 }
 
-void AddFindingMembers(Json& object, const FileRecord& file, const FindingRecord& finding) {
+void AddFindingMembers(Json& object, const FindingsReport& report, const FileRecord& file,
+                       const FindingRecord& finding) {
   object["id"] = finding.definition->id;
   AddIfAny(object, "rule", file.Rule(finding));
   object["severity"] = SeverityWord(finding.severity);
@@ -88,6 +92,8 @@ void AddFindingMembers(Json& object, const FileRecord& file, const FindingRecord
   AddIfAny(object, "key", finding.key);
   AddIfAny(object, "heading", file.HeadingName(finding));
   object["text"] = finding.text;
+  AddIfAny(object, "state", StateWord(finding.state));
+  AddIfAny(object, "waiverReason", report.WaiverReason(finding));
 }
 
 }  // namespace quorvane

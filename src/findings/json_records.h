@@ -29,8 +29,8 @@ nlohmann::ordered_json SummaryObject(const FindingsReport& report);
 /// A file without its findings.
 nlohmann::ordered_json FileObject(const FileRecord& file);
 
-/// Appends the members of a finding to an object.
-void AddFindingMembers(nlohmann::ordered_json& object, const FileRecord& file,
-                       const FindingRecord& finding);
+/// Appends the members of a finding of a file of the report to an object.
+void AddFindingMembers(nlohmann::ordered_json& object, const FindingsReport& report,
+                       const FileRecord& file, const FindingRecord& finding);
 
 }  // namespace quorvane

@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "findings/json_delivery.h"
 #include "findings/json_records.h"
 #include "findings/run_facts.h"
 
@@ -31,14 +32,15 @@ Json RunLine(const FindingsReport& report) {
 Json EndLine(const FindingsReport& report) {
   Json line = OfType("end", {{"status", StatusWord(report.status)}});
   line.update(SummaryObject(report));
+  AddDeliveryMembers(line, report);
   return line;
 }
 
-void AppendFile(std::string& text, const FileRecord& file) {
+void AppendFile(std::string& text, const FindingsReport& report, const FileRecord& file) {
   AppendLine(text, OfType("file", FileObject(file)));
   for (const FindingRecord& finding : file.findings) {
     Json line{{"type", "finding"}, {"file", file.path}};
-    AddFindingMembers(line, file, finding);
+    AddFindingMembers(line, report, file, finding);
     AppendLine(text, line);
   }
 }
@@ -49,7 +51,7 @@ std::string NdjsonFindings(const FindingsReport& report) {
   std::string text;
   AppendLine(text, RunLine(report));
   for (const FileRecord& file : report.files)
-    AppendFile(text, file);
+    AppendFile(text, report, file);
   AppendLine(text, EndLine(report));
   return text;
 }

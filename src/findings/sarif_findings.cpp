@@ -187,8 +187,12 @@ Json ToolObject(const FindingsReport& report, const RuleList& rules) {
 class FileResults {
  public:
   /// The lists and the file must outlive the object.
-  FileResults(const RuleList& rules, const ArtifactList& artifacts, const FileRecord& file)
-      : rules_(rules), file_(file), artifactLocation_(artifacts.LocationOf(file)) {}
+  FileResults(const FindingsReport& report, const RuleList& rules, const ArtifactList& artifacts,
+              const FileRecord& file)
+      : report_(report),
+        rules_(rules),
+        file_(file),
+        artifactLocation_(artifacts.LocationOf(file)) {}
 
   Json ResultObject(const FindingRecord& finding, const FindingIdentity& identity) const {
     Json result{{"ruleId", finding.definition->id}, {"ruleIndex", rules_.IndexOf(finding)}};
@@ -198,6 +202,7 @@ class FileResults {
     result["message"] = MessageObject(finding.text);
     result["locations"] = Json::array({LocationObject(finding)});
     result["partialFingerprints"] = {{FingerprintName, Fingerprint(identity)}};
+    AddState(result, finding);
     result["properties"] = Properties(finding);
     return result;
   }
@@ -222,6 +227,16 @@ class FileResults {
     return heading.empty() ? name : name.append(".").append(heading);
   }
 
+  /// What is waived was there before somebody accepted it.
+  void AddState(Json& result, const FindingRecord& finding) const {
+    if (report_.comparison)
+      result["baselineState"] = finding.state == FindingState::New ? "new" : "unchanged";
+    if (finding.state != FindingState::Waived) return;
+    result["suppressions"] = Json::array({{{"kind", "external"},
+                                           {"status", "accepted"},
+                                           {"justification", report_.WaiverReason(finding)}}});
+  }
+
   Json Properties(const FindingRecord& finding) const {
     Json properties{{"section", file_.Section(finding)}};
     if (const std::string_view rule = file_.Rule(finding); !rule.empty())
@@ -230,6 +245,7 @@ class FileResults {
     return properties;
   }
 
+  const FindingsReport& report_;
   const RuleList& rules_;
   const FileRecord& file_;
   Json artifactLocation_;
@@ -240,7 +256,7 @@ void AppendResults(std::string& text, const FindingsReport& report, const RuleLi
   FindingIdentifier identifier;
   const char* separator = "\n";
   for (const FileRecord& file : report.files) {
-    const FileResults results(rules, artifacts, file);
+    const FileResults results(report, rules, artifacts, file);
     for (const FindingRecord& finding : file.findings) {
       const FindingIdentity identity = identifier.Identify(file, finding);
       text.append(separator).append(JsonText(results.ResultObject(finding, identity)));

@@ -6,9 +6,12 @@ Usage: deliveries_test.py PROGRAM SAMPLE [EMULATOR]
 
 import json
 import os
+import pathlib
 import subprocess
 import sys
 import unittest
+
+import jsonschema
 
 from console_test import CLEAN, EMULATOR, PROGRAM, SAMPLE, ConsoleCase
 
@@ -17,6 +20,7 @@ if os.name == "posix":
 
 REPEATED = CLEAN + b'"BH1","CP","11.0"\r\n'  # an error: the key occurs twice
 CLOSING_LINE = b"*" * 39
+SCHEMA = pathlib.Path(__file__).parents[2] / "docs" / "findings.schema.json"
 SEPARATOR = "\\" if EMULATOR or os.name == "nt" else "/"
 
 
@@ -266,6 +270,76 @@ class WaiversTest(DeliveryCase):
             run = self.run_program("site.ags", option, "")
             self.assertEqual(run.returncode, 2)
             self.assertIn(f"{option}: the path is empty".encode(), run.stderr)
+
+
+class DataTest(DeliveryCase):
+    """What is said of a whole delivery is in the data too."""
+
+    def setUp(self):
+        super().setUp()
+        self.put("site.ags", REPEATED + file_group(("F1", "missing.pdf")))
+        self.put("FILE/F1/stray.pdf", b"")
+        self.put("old.json", earlier_run("site.ags", REPEATED_KEY | {"key": "BH2"}))
+        self.put("waivers.txt", b"keys.repeated | * | * | BH1 | * | agreed\r\n")
+
+    def data(self, name, *options):
+        run = self.run_program("site.ags", "--format", name, *options)
+        return run.stdout.decode("utf-8-sig")
+
+    def json_data(self, *options):
+        log = json.loads(self.data("json", *options))
+        jsonschema.validate(log, json.loads(SCHEMA.read_text()), jsonschema.Draft202012Validator)
+        return log
+
+    def test_json_has_states_and_what_is_gone(self):
+        log = self.json_data("--baseline", "old.json")
+        self.assertEqual({finding["state"] for finding in log["files"][0]["findings"]}, {"new"})
+        gone, = log["comparison"]["gone"]
+        self.assertEqual((gone["path"], gone["findings"][0]["key"]), ("site.ags", "BH2"))
+        self.assertEqual(log["comparison"]["baseline"], "old.json")
+
+    def test_json_has_waivers_with_their_reasons(self):
+        log = self.json_data("--waivers", "waivers.txt")
+        waived = [finding for finding in log["files"][0]["findings"]
+                  if finding.get("state") == "waived"]
+        self.assertEqual([finding["waiverReason"] for finding in waived], ["agreed"])
+        waiver, = log["waivers"]["list"]
+        self.assertEqual((waiver["key"], waiver["matches"]), ("BH1", 1))
+        self.assertNotIn("file", waiver)
+
+    def test_json_has_associated_files(self):
+        log = self.json_data("--files")
+        self.assertEqual(log["files"][0]["associatedFiles"],
+                         [{"set": "F1", "name": "missing.pdf", "state": "missing"}])
+        self.assertEqual(log["unnamedFiles"][0]["names"], ["FILE/F1/stray.pdf"])
+
+    def test_without_the_options_there_is_none_of_it(self):
+        log = self.json_data()
+        for member in ("comparison", "waivers", "unnamedFiles"):
+            self.assertNotIn(member, log)
+        self.assertNotIn("associatedFiles", log["files"][0])
+
+    def test_the_data_of_a_compared_run_is_a_baseline_itself(self):
+        self.put("new.json", self.data("json", "--baseline", "old.json").encode())
+        run, lines = self.closing_text("site.ags", "--baseline", "new.json")
+        self.assertEqual(run.returncode, 0)
+        self.assertRegex(lines[0], "  0 new, [0-9]+ known, 0 gone")
+
+    def test_ndjson_has_it_in_its_last_line(self):
+        end = json.loads(self.data("ndjson", "--baseline", "old.json").splitlines()[-1])
+        self.assertEqual(len(end["comparison"]["gone"]), 1)
+
+    def test_sarif_has_states_and_suppressions(self):
+        compared = json.loads(self.data("sarif", "--baseline", "old.json"))["runs"][0]["results"]
+        self.assertEqual({result["baselineState"] for result in compared}, {"new"})
+        results = json.loads(self.data("sarif", "--waivers", "waivers.txt"))["runs"][0]["results"]
+        suppressions = [result["suppressions"] for result in results if "suppressions" in result]
+        self.assertEqual(suppressions, [[{"kind": "external", "status": "accepted",
+                                          "justification": "agreed"}]])
+
+    def test_the_page_says_why_a_finding_was_accepted(self):
+        self.assertIn("Waived: <bdi>agreed</bdi>", self.data("html", "--waivers", "waivers.txt"))
+        self.assertNotIn("Waived: ", self.data("html"))
 
 
 if __name__ == "__main__":

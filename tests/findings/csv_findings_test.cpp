@@ -19,7 +19,7 @@ using testing::IsEmpty;
 using testing::SizeIs;
 
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::size_t ColumnCount = 12;
+constexpr std::size_t ColumnCount = 14;
 
 /// The rows behind that of the columns' names.
 std::vector<CsvRow> Written(const FindingsReport& report) {
@@ -29,8 +29,9 @@ std::vector<CsvRow> Written(const FindingsReport& report) {
   std::vector<CsvRow> rows = reader.Rows();
   EXPECT_TRUE(reader.IsSound());
   EXPECT_THAT(rows, Each(SizeIs(ColumnCount)));
-  EXPECT_THAT(rows.front(), ElementsAre("record", "file", "line", "column", "severity", "id",
-                                        "rule", "section", "group", "key", "heading", "message"));
+  EXPECT_THAT(rows.front(),
+              ElementsAre("record", "file", "line", "column", "severity", "id", "rule", "section",
+                          "group", "key", "heading", "message", "state", "reason"));
   rows.erase(rows.begin());
   return rows;
 }
@@ -41,7 +42,7 @@ CsvRow LastRow(const MadeReport& made) {
 
 /// What the cell of a message holds.
 std::string Cell(std::string_view text) {
-  return LastRow(MadeReport().Add(text)).back();
+  return LastRow(MadeReport().Add(text))[11];
 }
 
 using Facts = std::map<std::string, std::string>;
@@ -60,13 +61,44 @@ TEST(CsvFindings, AFindingIsARow) {
   made.Add("Key is repeated", "BH1,2.00", 7, 2).File().findings.front().column = 14;
   EXPECT_THAT(LastRow(made),
               ElementsAre("finding", "folder/made.ags", "7", "14", "error", "keys.repeated", "6b",
-                          "Made up", "LOCA", "BH1,2.00", "LOCA_GL", "Key is repeated"));
+                          "Made up", "LOCA", "BH1,2.00", "LOCA_GL", "Key is repeated", "", ""));
 }
 
 TEST(CsvFindings, WhatAFindingDoesNotHaveIsAnEmptyCell) {
   EXPECT_THAT(LastRow(MadeReport().Add("text")),
               ElementsAre("finding", "made.ags", "", "", "error", "keys.repeated", "6b", "Made up",
-                          "", "", "", "text"));
+                          "", "", "", "text", "", ""));
+}
+
+TEST(CsvFindings, AFindingHasItsStateAndWhyItWasAccepted) {
+  MadeReport made;
+  made.Add("text");
+  made.Report().waivers.emplace_back().reason = "=agreed";
+  FindingRecord& finding = made.File().findings.front();
+  finding.state = FindingState::New;
+  EXPECT_EQ(LastRow(made)[12], "new");
+  EXPECT_EQ(LastRow(made)[13], "");
+  finding.state = FindingState::Waived;
+  EXPECT_EQ(LastRow(made)[12], "waived");
+  EXPECT_EQ(LastRow(made)[13], "'=agreed");
+}
+
+TEST(CsvFindings, WhatIsGoneIsARow) {
+  MadeReport made;
+  made.Report().comparison.emplace();
+  made.Report().comparison->gone.push_back(
+      {"old.ags", {{"keys.repeated", "LOCA", "BH1", "LOCA_GL", "as it was", 7, Severity::Error}}});
+  EXPECT_THAT(LastRow(made), ElementsAre("gone", "old.ags", "7", "", "error", "keys.repeated", "",
+                                         "", "LOCA", "BH1", "LOCA_GL", "as it was", "", ""));
+}
+
+TEST(CsvFindings, AssociatedFilesThatAreMissingOrUnnamedAreFacts) {
+  MadeReport made;
+  made.File().associatedFiles = {{"F1", "log.pdf", AssociatedFile::State::Missing, ""},
+                                 {"F1", "there.pdf", AssociatedFile::State::There, ""}};
+  made.Report().unnamedFiles.push_back({"d/", {"FILE/F1/stray.pdf"}, {}});
+  EXPECT_EQ(FactsOf(made.Report(), "file").at("missing-file"), "F1/log.pdf");
+  EXPECT_EQ(FactsOf(made.Report(), "run").at("unnamed-file"), "d/FILE/F1/stray.pdf");
 }
 
 TEST(CsvFindings, NamesTheRunWithItsOptions) {
