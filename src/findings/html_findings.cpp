@@ -9,7 +9,7 @@
 #include "findings/html_page.h"
 #include "findings/html_summary.h"
 #include "findings/html_text.h"
-#include "findings/line_layout.h"
+#include "findings/row_layout.h"
 #include "text/number.h"
 
 namespace quorvane {
@@ -85,9 +85,8 @@ class HtmlLineWriter {
     return finding.isUnderHeadings && file_.format.has_value();
   }
 
-  std::vector<LaidOutCell> LayOut(const FindingRecord& finding, const LineRecord& line) const {
-    return LayOutLine(file_.groups[static_cast<std::size_t>(finding.group - 1)], *file_.format,
-                      line.text);
+  std::vector<RowCell> LayOut(const FindingRecord& finding, const LineRecord& line) const {
+    return LayOutRow(file_, finding, SingleLine(line.line, line.text)).cells;
   }
 
   void AppendSummary(const LineRecord& line) {
@@ -141,7 +140,8 @@ class HtmlLineWriter {
 
   void AppendCells(const FindingRecord& finding, const LineRecord& line) {
     const bool isHead = IsHeadLine(*file_.format, line.text);
-    const std::vector<LaidOutCell> cells = LayOut(finding, line);
+    const std::vector<RowCell> cells = LayOut(finding, line);
+    if (cells.empty()) return;
     AppendTableHead(isHead);
     for (std::size_t index = 0; index < cells.size(); ++index) {
       // What the line does not hold is told only where it is known to be missing.
@@ -153,8 +153,10 @@ class HtmlLineWriter {
 
   void AppendOwnCell(const FindingRecord& finding, const LineRecord& line) {
     const auto index = static_cast<std::size_t>(finding.heading - 1);
+    const std::vector<RowCell> cells = LayOut(finding, line);
+    if (index >= cells.size()) return;
     AppendTableHead(IsHeadLine(*file_.format, line.text));
-    AppendCellRow(LayOut(finding, line)[index], true);
+    AppendCellRow(cells[index], true);
     page_.append("</tbody></table>");
   }
 
@@ -172,7 +174,7 @@ class HtmlLineWriter {
     page_.append("</thead><tbody>");
   }
 
-  void AppendCellRow(const LaidOutCell& cell, bool isInQuestion) {
+  void AppendCellRow(const RowCell& cell, bool isInQuestion) {
     page_.append(isInQuestion ? "<tr aria-current=\"true\">" : "<tr>").append("<th scope=\"row\">");
     if (cell.heading.empty()) {
       page_.append("<i>no heading</i>");

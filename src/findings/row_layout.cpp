@@ -166,6 +166,10 @@ FileLines SingleLine(std::int32_t number, std::string_view line) {
   return {number, number, [line](std::int32_t) { return line; }};
 }
 
+bool IsHeadLine(AgsFormat format, std::string_view line) {
+  return format == AgsFormat::Ags4 ? FirstValue(line) != "DATA" : BeginsList(line);
+}
+
 RowLayout LayOutRow(const FileRecord& file, const FindingRecord& finding, const FileLines& lines) {
   RowLayout layout;
   if (finding.line <= 0 || finding.group == 0 || !lines.Has(finding.line)) return layout;

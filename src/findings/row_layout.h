@@ -46,6 +46,10 @@ struct RowLayout {
       cells;  // one per heading, then the fields beyond them, the first 100 at most
 };
 
+/// Whether a line that stands under a group's headings is part of the group's head: its HEADING,
+/// UNIT or TYPE line, in AGS 3 the line of headings or of units.
+bool IsHeadLine(AgsFormat format, std::string_view line);
+
 /// Lays out the row that a finding's line belongs to and marks the cell that the finding is about,
 /// if it is about one. Without cells when the finding has no line, or its line holds no row of a
 /// group: a group line, a blank line, a line that is not there. Of a row whose other lines are not

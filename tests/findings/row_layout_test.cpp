@@ -213,5 +213,14 @@ TEST(RowLayoutOfARunTest, MarksTheCellThatTheFindingIsAbout) {
   EXPECT_EQ(layout.cells[1].heading, "LOCA_GL");
 }
 
+TEST(IsHeadLine, HeadLinesAreToldFromRows) {
+  for (const std::string_view line : {"\"HEADING\",\"LOCA_ID\"", "UNIT,m", "\"TYPE\",\"ID\""})
+    EXPECT_TRUE(IsHeadLine(AgsFormat::Ags4, line)) << line;
+  EXPECT_FALSE(IsHeadLine(AgsFormat::Ags4, "\"DATA\",\"HEADING\""));
+  EXPECT_TRUE(IsHeadLine(AgsFormat::Ags3, "\"*LOCA_ID\",\"*LOCA_GL\""));
+  EXPECT_TRUE(IsHeadLine(AgsFormat::Ags3, "\"<UNITS>\",\"m\""));
+  EXPECT_FALSE(IsHeadLine(AgsFormat::Ags3, "\"BH1\",\"1.00\""));
+}
+
 }  // namespace
 }  // namespace quorvane::test
