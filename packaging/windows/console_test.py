@@ -102,14 +102,25 @@ class WindowsConsoleTest(unittest.TestCase):
         self.assertEqual(run.returncode, 2)
         self.assertIn(b"Quorvane: Could not save to file q:\\none\\log.txt\r\n", run.stderr)
 
-    def test_devices_and_folders_are_refused(self):
-        self.write("folder.ags/x")
-        for name in ("NUL", "CON", r"q:\folder.ags", "q:\\folder.ags\\", "q:\\"):
+    def test_devices_are_refused(self):
+        for name in ("NUL", "CON"):
             with self.subTest(name=name):
                 run = self.run_program(name)
                 self.assertEqual(run.returncode, 1)
                 self.assertTrue(run.stderr.startswith(name.encode() + b": "), run.stderr)
                 self.assertNotIn(b"not an AGS", run.stderr)
+
+    def test_folders_are_opened(self):
+        self.write("folder.ags/x")
+        for name in (r"q:\folder.ags", "q:\\folder.ags\\"):
+            with self.subTest(name=name):
+                run = self.run_program(name)
+                self.assertEqual(run.returncode, 2)
+                self.assertIn(b": No .ags files in this folder\r\n", run.stderr)
+        self.write("folder.ags/deeper/one.AGS")
+        run = self.run_program("q:\\")
+        self.assertEqual(run.returncode, 0, run.stderr)
+        self.assertIn(b"one.AGS (1 of 1)\r\n", run.stdout)
 
     def test_schemas_stand_beside_the_program(self):
         run = self.run_program("--list", "lines", SAMPLE)

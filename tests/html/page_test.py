@@ -80,7 +80,7 @@ class PageCase(unittest.TestCase):
     def write_page(cls, name, *files):
         """The page of some files, which may hold findings: status 1."""
         run = subprocess.run([PROGRAM, "--format", "html", "--output", name, *files],
-                             cwd=cls.folder, check=False)
+                             cwd=cls.folder, capture_output=True, check=False)
         assert run.returncode in (0, 1), run.returncode
         return cls.folder / name
 
