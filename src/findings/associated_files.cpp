@@ -9,7 +9,6 @@
 #include <utility>
 
 #include "run/folder_walk.h"
-#include "text/comma_list.h"
 #include "text/text.h"
 #include "text/utf8.h"
 
@@ -155,12 +154,9 @@ bool KnowsAssociatedFiles(const FileRecord& file) {
 
 void LookForAssociatedFiles(Disk& disk, FindingsReport& report) {
   std::map<std::string, DeliveryFolder> folders;
-  // As the system takes them; the records have them in UTF-8.
-  const std::vector<std::string_view> paths = SplitLines(report.settings.filesToCheck);
-  for (std::size_t index = 0; index < report.files.size(); ++index) {
-    FileRecord& file = report.files[index];
+  for (FileRecord& file : report.files) {
     if (!KnowsAssociatedFiles(file)) continue;
-    const std::string path = FolderOf(paths[index]);
+    const std::string path = FolderOf(file.diskPath);
     DeliveryFolder& folder = folders.try_emplace(path, disk, path).first->second;
     for (AssociatedFile& associated : file.associatedFiles)
       LookFor(folder, file.format.value_or(AgsFormat::Ags4), associated);
