@@ -21,8 +21,10 @@ constexpr std::string_view NoParent = "-";  // as the AGS 4 dictionary itself wr
 /// The lines of the DICT group: up to the next one that holds the start of a group line.
 std::optional<LineRange> FindDictBlock(const FileText& text) {
   std::int32_t first = 1;
-  while (first <= text.LineCount() && !text.Line(first).starts_with(DictBlockStart))
+  while (first <= text.LineCount() &&
+         (text.IsPlain(first) || !text.Line(first).starts_with(DictBlockStart))) {
     ++first;
+  }
   if (first > text.LineCount()) return std::nullopt;
   std::int32_t next = first + 1;
   while (next <= text.LineCount() &&

@@ -6,6 +6,8 @@
 namespace quorvane {
 namespace {
 
+constexpr std::uint32_t Lower31Bits = 0x7FFFFFFF;
+constexpr std::string_view LabelOfData = "\"DATA\",";
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
 std::string_view LineEndOf(std::string_view text) {
@@ -26,6 +28,17 @@ std::size_t FindLineEnd(std::string_view text, std::string_view lineEnd, std::si
   return found == std::string_view::npos ? text.size() : found + 1 - lineEnd.size();
 }
 
+/// The first letter of a row label by which AGS 4 files are known, of that of data rows apart.
+bool BeginsUnitOrType(char letter) {
+  return letter == 'U' || letter == 'T' || letter == 'u' || letter == 't';
+}
+
+bool BeginsPlainly(std::string_view line, bool hasDataLabel) {
+  if (hasDataLabel) line.remove_prefix(LabelOfData.size());
+  return line.size() >= 2 && line[0] == '"' && line[1] != '*' &&
+         (hasDataLabel || !BeginsUnitOrType(line[1]));
+}
+
 }  // namespace
 
 FileText::FileText(ByteBuffer bytes) : bytes_(std::move(bytes)), text_(bytes_.View()) {
@@ -43,7 +56,11 @@ void FileText::SplitLines(std::string_view lineEnd) {
   std::size_t start = 0;
   while (start <= text_.size()) {
     const std::size_t end = FindLineEnd(text_, lineEnd, start);
-    lines_.push_back({static_cast<std::uint32_t>(start), static_cast<std::uint32_t>(end)});
+    const std::string_view line = text_.substr(start, end - start);
+    const bool hasDataLabel = line.starts_with(LabelOfData);
+    lines_.push_back({static_cast<std::uint32_t>(start) & Lower31Bits, hasDataLabel,
+                      static_cast<std::uint32_t>(end) & Lower31Bits,
+                      BeginsPlainly(line, hasDataLabel)});
     start = end + lineEnd.size();
   }
 }
@@ -57,14 +74,23 @@ std::string_view OriginalLines::Line(std::int32_t number) {
   return text_.substr(start_, FindLineEnd(text_, lineEnd_, start_) - start_);
 }
 
+void FileText::DropDataLabel(std::int32_t number) {
+  LineSpan& line = lines_[static_cast<std::size_t>(number - 1)];
+  line.start = (line.start + static_cast<std::uint32_t>(LabelOfData.size())) & Lower31Bits;
+  line.hasDataLabel = 0;
+}
+
 void FileText::DropPrefix(std::int32_t number, std::size_t length) {
   LineSpan& line = lines_[static_cast<std::size_t>(number - 1)];
+  line.hasDataLabel = 0;
+  line.isPlain = 0;
   if (line.start == RewrittenLine) {
     std::string& text = rewritten_[line.end];
     text.erase(0, std::min(length, text.size()));
     return;
   }
-  line.start = static_cast<std::uint32_t>(std::min<std::size_t>(line.start + length, line.end));
+  const std::size_t start = std::min<std::size_t>(line.start + length, line.end);
+  line.start = static_cast<std::uint32_t>(start) & Lower31Bits;
 }
 
 void FileText::Rewrite(std::int32_t number, std::string text) {
@@ -73,13 +99,13 @@ void FileText::Rewrite(std::int32_t number, std::string text) {
     rewritten_[line.end] = std::move(text);
     return;
   }
-  line = {RewrittenLine, static_cast<std::uint32_t>(rewritten_.size())};
+  line = {RewrittenLine, 0, static_cast<std::uint32_t>(rewritten_.size()) & Lower31Bits, 0};
   rewritten_.push_back(std::move(text));
 }
 
 void FileText::Clear(std::int32_t number) {
   LineSpan& line = lines_[static_cast<std::size_t>(number - 1)];
-  line = {0, 0};
+  line = {0, 0, 0, 0};
 }
 
 }  // namespace quorvane

@@ -42,8 +42,24 @@ class FileText {
   std::string_view Line(std::int32_t number) const& {
     const LineSpan& line = lines_[static_cast<std::size_t>(number - 1)];
     if (line.start == RewrittenLine) return rewritten_[line.end];
-    return {text_.data() + line.start, line.end - line.start};
+    return {text_.data() + line.start, std::size_t{line.end} - line.start};
   }
+
+  /// Whether a line begins with the AGS 4 label of a data row and a comma, as it stands in the
+  /// file. What a line begins with is noted when the lines are found: walks through all of them
+  /// need not fetch the text of each again.
+  bool HasDataLabel(std::int32_t number) const {
+    return lines_[static_cast<std::size_t>(number - 1)].hasDataLabel != 0;
+  }
+
+  /// True of a line that is known to begin with a double quote and neither with "UNIT" or "TYPE"
+  /// nor, with or without the label of a data row before it, with the mark of a group line.
+  bool IsPlain(std::int32_t number) const {
+    return lines_[static_cast<std::size_t>(number - 1)].isPlain != 0;
+  }
+
+  /// Cuts the label and its comma off a line for which HasDataLabel holds.
+  void DropDataLabel(std::int32_t number);
 
   /// Cuts characters off a line's start: all it has when it is shorter.
   void DropPrefix(std::int32_t number, std::size_t length);
@@ -57,12 +73,14 @@ class FileText {
   std::string_view Line(std::int32_t number) const&& = delete;
 
  private:
-  static constexpr std::uint32_t RewrittenLine = 0xFFFFFFFF;
+  static constexpr std::uint32_t RewrittenLine = 0x7FFFFFFF;
 
   /// Offsets into the text, or RewrittenLine and an index into rewritten_.
   struct LineSpan {
-    std::uint32_t start;
-    std::uint32_t end;
+    std::uint32_t start : 31;
+    std::uint32_t hasDataLabel : 1;
+    std::uint32_t end : 31;
+    std::uint32_t isPlain : 1;
   };
 
   void SplitLines(std::string_view lineEnd);

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
+#include <deque>
 #include <limits>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
+
+#include "text/same_text.h"
+#include "text/text_table.h"
 
 namespace quorvane {
 
@@ -18,23 +20,31 @@ namespace quorvane {
 /// for every value of a column.
 class ReferenceList {
  public:
+  ReferenceList() = default;
+  // Moving keeps the names in their places, copying would not.
+  ReferenceList(const ReferenceList&) = delete;
+  ReferenceList& operator=(const ReferenceList&) = delete;
+  ReferenceList(ReferenceList&&) = default;
+  ReferenceList& operator=(ReferenceList&&) = default;
+  ~ReferenceList() = default;
+
   void Add(std::string_view name) {
     names_.emplace_back(name);
     isUsed_.push_back(false);
-    first_.try_emplace(names_.back(), names_.size() - 1);
+    first_.TryEmplace(names_.back(), names_.size() - 1);
   }
 
   bool IsEmpty() const { return names_.empty(); }
 
-  bool Contains(std::string_view name) const { return first_.contains(name); }
+  bool Contains(std::string_view name) const { return first_.Contains(name); }
 
   /// Marks the first entry of a name; false when the name is not listed.
   bool MarkUsed(std::string_view name) {
-    if (lastMarked_ != NoEntry && names_[lastMarked_] == name) return true;
-    const auto found = first_.find(name);
-    if (found == first_.end()) return false;
-    isUsed_[found->second] = true;
-    lastMarked_ = found->second;
+    if (lastMarked_ != NoEntry && SameText(names_[lastMarked_], name)) return true;
+    const std::size_t* found = first_.Find(name);
+    if (found == nullptr) return false;
+    isUsed_[*found] = true;
+    lastMarked_ = *found;
     return true;
   }
 
@@ -48,19 +58,11 @@ class ReferenceList {
   }
 
  private:
-  /// Lets a view be looked up without a string being made of it.
-  struct Hash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view name) const {
-      return std::hash<std::string_view>{}(name);
-    }
-  };
-
   static constexpr std::size_t NoEntry = std::numeric_limits<std::size_t>::max();
 
-  std::vector<std::string> names_;
+  std::deque<std::string> names_;  // a deque: they must not move
   std::vector<bool> isUsed_;
-  std::unordered_map<std::string, std::size_t, Hash, std::equal_to<>> first_;
+  TextTable<std::size_t> first_;      // by views of the names
   std::size_t lastMarked_ = NoEntry;  // the rows of a column mostly repeat the value before
 };
 

@@ -7,11 +7,13 @@
 #include <utility>
 #include <vector>
 
+#include "parse/reference_group.h"
 #include "parse/reference_values.h"
 #include "rules/abbreviation_codes.h"
 #include "rules/abbreviation_messages.h"
 #include "text/same_text.h"
 #include "text/text.h"
+#include "text/text_table.h"
 
 namespace quorvane {
 namespace {
@@ -113,21 +115,20 @@ class AbbreviationCheck {
 
   void ReadData(AbbrHeadingRecord& record) {
     // Data hold few different values; each is judged where it is first met.
-    std::unordered_map<std::string_view, bool> holdsUnlistedCode;
+    TextTable<bool> holdsUnlistedCode;
     for (const HeadingPlace& place : record.references) {
       std::string_view previous;
       bool isUnlisted = false;
-      for (std::int32_t row = 1; row <= file_.table.At(place.group).rowCount; ++row) {
-        const std::string_view value = file_.table.Value(place.group, row, place.column);
-        if (value.empty()) continue;
-        if (!SameText(value, previous)) {
-          previous = value;
-          const auto [known, isNew] = holdsUnlistedCode.try_emplace(value, false);
-          if (isNew) known->second = ReadValue(record.codes, value);
-          isUnlisted = known->second;
-        }
-        if (isUnlisted) record.valuesWithUnlistedCode.push_back(value);
-      }
+      ForEachValue(file_.table, place.group, place.column,
+                   [&](std::int32_t, std::string_view value) {
+                     if (!SameText(value, previous)) {
+                       previous = value;
+                       const auto [known, isNew] = holdsUnlistedCode.TryEmplace(value, false);
+                       if (isNew) known = ReadValue(record.codes, value);
+                       isUnlisted = known;
+                     }
+                     if (isUnlisted) record.valuesWithUnlistedCode.push_back(value);
+                   });
     }
   }
 

@@ -99,6 +99,7 @@ void TakeAgs4Version(CheckedFile& file, int tran) {
 void CheckRequiredGroups(CheckedFile& file) {
   std::string required = Join(file.dictionary.RequiredGroups, ",");
   for (std::int32_t number = 1; number <= file.text.LineCount(); ++number) {
+    if (file.text.IsPlain(number)) continue;
     std::string_view line = file.text.Line(number);
     if (!line.starts_with(GroupLineStart)) continue;
     line.remove_prefix(GroupLineStart.size());

@@ -35,9 +35,10 @@ bool IsBlankRow(std::string_view line) {
 
 class RowLabelCheck {
  public:
-  void CheckLine(std::int32_t number, std::string_view line) {
+  void CheckLine(const FileText& file, std::int32_t number) {
     // Nearly all lines are data rows in their place.
-    if (state_ == RowState::Data && line.starts_with("\"DATA\",")) return;
+    if (state_ == RowState::Data && file.HasDataLabel(number)) return;
+    const std::string_view line = file.Line(number);
     if (IsBlankRow(line)) return;
     const std::string label = Without(line.substr(0, line.find(',')), '"');
     const auto order = std::find_if(LabelOrders.begin(), LabelOrders.end(),
@@ -90,6 +91,9 @@ class RowConversion {
   }
 
   void ConvertLine(std::int32_t number) {
+    if (state_ == RowState::Data && file_.HasDataLabel(number)) {
+      return file_.DropDataLabel(number);
+    }
     const std::string_view line = TrimRight(file_.Line(number));
     if (line.empty()) {
       state_ = RowState::Group;
@@ -168,7 +172,7 @@ bool IsAllPlainAscii(std::string_view text) {
 bool CheckRowLabels(const FileText& file, MessageLog& log) {
   RowLabelCheck check;
   for (std::int32_t number = 1; number <= file.LineCount(); ++number) {
-    check.CheckLine(number, file.Line(number));
+    check.CheckLine(file, number);
   }
   if (check.Problems().empty()) return false;
   log.AddMessage(0, RowLabelProblems, {check.Problems()});

@@ -39,6 +39,7 @@ bool IsAgs4(const FileText& file) {
   bool hasBareUnit = false;
   bool hasBareType = false;
   for (std::int32_t number = 1; number <= file.LineCount(); ++number) {
+    if (file.IsPlain(number)) continue;
     const std::string_view line = file.Line(number);
     if (line.empty()) continue;
     const char first = ToUpper(line.front() == '"' ? line.substr(0, 2).back() : line.front());

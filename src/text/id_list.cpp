@@ -1,8 +1,6 @@
 #include "text/id_list.h"
 
 #include <algorithm>
-#include <bit>
-#include <functional>
 
 namespace quorvane {
 namespace {
@@ -14,10 +12,10 @@ constexpr char Separator = '\t';
 
 IdList::IdList(std::int32_t rowCount)
     : roomLeft_(RoomPerRow * static_cast<std::uint64_t>(rowCount)),
-      slots_(std::bit_ceil(2 * static_cast<std::size_t>(rowCount) + 2)) {}
+      entries_(static_cast<std::size_t>(rowCount)) {}
 
 bool IdList::IsRepeated(std::string_view value) {
-  const bool isKnown = !SlotOf(value).empty();
+  const bool isKnown = entries_.Contains(value);
   if (!isKnown && roomLeft_ > 0) Store(value);
   return isKnown;
 }
@@ -36,28 +34,7 @@ void IdList::Store(std::string_view value) {
 }
 
 void IdList::AddEntry(std::string_view entry) {
-  if (entry.empty()) return;  // nobody asks for it
-  std::string_view& slot = SlotOf(entry);
-  if (!slot.empty()) return;
-  slot = entry;
-  ++entryCount_;
-  if (2 * entryCount_ > slots_.size()) Grow();
-}
-
-void IdList::Grow() {
-  std::vector<std::string_view> entries(2 * slots_.size());
-  entries.swap(slots_);
-  for (const std::string_view entry : entries) {
-    if (!entry.empty()) SlotOf(entry) = entry;
-  }
-}
-
-std::string_view& IdList::SlotOf(std::string_view entry) {
-  const std::size_t mask = slots_.size() - 1;
-  std::size_t at = std::hash<std::string_view>{}(entry)&mask;
-  while (!slots_[at].empty() && slots_[at] != entry)
-    at = (at + 1) & mask;
-  return slots_[at];
+  if (!entry.empty()) entries_.TryEmplace(entry, {});  // nobody asks for an empty one
 }
 
 }  // namespace quorvane

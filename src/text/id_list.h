@@ -1,9 +1,9 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <string_view>
-#include <vector>
+
+#include "text/text_table.h"
 
 namespace quorvane {
 
@@ -25,14 +25,14 @@ class IdList {
   bool IsRepeated(std::string_view value);
 
  private:
+  /// Entries have no value.
+  struct Nothing {};
+
   void Store(std::string_view value);
   void AddEntry(std::string_view entry);
-  void Grow();
-  std::string_view& SlotOf(std::string_view entry);
 
   std::uint64_t roomLeft_;
-  std::size_t entryCount_ = 0;
-  std::vector<std::string_view> slots_;  // a hash table; an empty view is an empty slot
+  TextTable<Nothing> entries_;
 };
 
 }  // namespace quorvane

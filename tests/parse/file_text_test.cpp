@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "parse/row_label.h"
 #include "support/random_text.h"
 #include "text/text.h"
 
@@ -179,6 +180,59 @@ TEST(DropPrefix, CutsARewrittenLineToo) {
   EXPECT_EQ(file.Line(1), "");
   file.DropPrefix(1, 1);
   EXPECT_EQ(file.Line(1), "");
+}
+
+TEST(FileText, KnowsLinesWithTheLabelOfADataRow) {
+  const FileText file =
+      FileOf("\"DATA\",\"a\"\r\n\"DATA\"\r\n\"data\",\"a\"\r\n \"DATA\",\r\n\"DATA\",");
+  const std::vector<bool> labelled{file.HasDataLabel(1), file.HasDataLabel(2), file.HasDataLabel(3),
+                                   file.HasDataLabel(4), file.HasDataLabel(5)};
+  EXPECT_EQ(labelled, (std::vector<bool>{true, false, false, false, true}));
+}
+
+TEST(FileText, DropsTheLabelOfADataRow) {
+  FileText file = FileOf("\"DATA\",\"a\"\r\n\"DATA\",\r\n\"DATA\",\"**A\"");
+  for (std::int32_t number = 1; number <= 3; ++number) {
+    file.DropDataLabel(number);
+    EXPECT_FALSE(file.HasDataLabel(number));
+  }
+  EXPECT_THAT(LinesOf(file), ElementsAre("\"a\"", "", "\"**A\""));
+  EXPECT_TRUE(file.IsPlain(1));
+  EXPECT_FALSE(file.IsPlain(2));
+  EXPECT_FALSE(file.IsPlain(3));
+}
+
+TEST(FileText, TakesNoLineForPlainThatWasChangedOtherwise) {
+  FileText file = FileOf("\"DATA\",\"a\"\r\n\"b\"\r\n\"c\"\r\n\"d\"");
+  file.DropPrefix(1, 7);
+  file.Rewrite(2, "\"**A\"");
+  file.Clear(3);
+  for (std::int32_t number = 1; number <= 3; ++number) {
+    EXPECT_FALSE(file.HasDataLabel(number));
+    EXPECT_FALSE(file.IsPlain(number));
+  }
+  EXPECT_TRUE(file.IsPlain(4));
+}
+
+TEST(FileText, PlainLinesBeginNeitherGroupsNorUnitsNorTypes) {
+  constexpr std::array<std::string_view, 12> pieces{
+      "\"DATA\",", "\"", "*", "**", "\"**", "\"UNIT\"", "\"type\"", "U", "t", "BH1", ",", " "};
+  RandomText random(82);
+  int plainCount = 0;
+  for (int round = 0; round < 50000; ++round) {
+    FileText file = FileOf(random.Joined(pieces, random.Below(5)));
+    if (!file.IsPlain(1)) continue;
+    ++plainCount;
+    const std::string line(file.Line(1));
+    EXPECT_FALSE(IsGroupLine(line) || StartsWithIgnoringCase(line, "\"UNIT\"") ||
+                 StartsWithIgnoringCase(line, "\"TYPE\""))
+        << line;
+    if (file.HasDataLabel(1)) file.DropDataLabel(1);
+    EXPECT_FALSE(IsGroupLine(file.Line(1))) << line;
+  }
+  EXPECT_GT(plainCount, 1000);
+  EXPECT_TRUE(FileOf("\"BH1\",\"1.20\"").IsPlain(1));
+  EXPECT_TRUE(FileOf("\"DATA\",\"TP1\",\"1.20\"").IsPlain(1));
 }
 
 TEST(OriginalLines, AreThoseOfTheFileWhateverTheyWereRewrittenTo) {
