@@ -77,6 +77,45 @@ class CellStore {
 
   Row RowAt(std::uint32_t row) const { return {*this, rows_[row]}; }
 
+  /// One column of rows that follow each other, for a walk through them; ends with the next change
+  /// of the store.
+  class Column {
+   public:
+    /// The value in the row at a distance from the first: as CellStore::Value.
+    std::string_view Value(std::uint32_t distance) const {
+      const RowRecord& record = rows_[distance];
+      if (column_ > record.cellCount) return {};
+      if (record.isInSpans) return store_->ValueOf(record, column_);
+      return ValueInLine(record, column_, text_, chunks_);
+    }
+
+   private:
+    friend class CellStore;
+    Column(const CellStore& store, std::uint32_t firstRow, std::size_t column)
+        : store_(&store),
+          rows_(store.rows_.data() + firstRow),
+          text_(store.fileText_.data()),
+          chunks_(store.chunks_.data()),
+          column_(column) {}
+
+    const CellStore* store_;
+    // Copies, which stay at hand where those of the store are read again for every row:
+    const RowRecord* rows_;
+    const char* text_;
+    const LargeBlock<FieldOffset>* chunks_;
+    std::size_t column_;
+  };
+
+  Column ColumnFrom(std::uint32_t firstRow, std::size_t column) const {
+    return {*this, firstRow, column};
+  }
+
+  /// Has the beginning of a row's line fetched from memory, which a walk through the rows will need
+  /// shortly. Any number is in order, also that of no row.
+  void FetchAhead(std::uint32_t row) const {
+    if (row < rows_.size()) __builtin_prefetch(fileText_.data() + rows_[row].lineStart);
+  }
+
   /// Whether a value is a view into the file's text.
   bool LiesInFile(std::string_view value) const {
     return !value.empty() && OffsetInFile(value) < fileText_.size();
@@ -119,9 +158,15 @@ class CellStore {
       const Span& span = spans_[record.firstCell + column - 1];
       return {TextAt(span.start), span.length};
     }
-    const FieldOffset* offset = Offsets(record.firstCell) + ((column - 1) << record.hasEnds);
+    return ValueInLine(record, column, fileText_.data(), chunks_.data());
+  }
+
+  static std::string_view ValueInLine(const RowRecord& record, std::size_t column, const char* text,
+                                      const LargeBlock<FieldOffset>* chunks) {
+    const FieldOffset* offset =
+        OffsetsIn(chunks, record.firstCell) + ((column - 1) << record.hasEnds);
     const std::size_t start = offset[0];
-    return {fileText_.data() + record.lineStart + start, offset[1] - BoundaryLength - start};
+    return {text + record.lineStart + start, offset[1] - BoundaryLength - start};
   }
 
   std::string_view LeadingTextOf(const RowRecord& record, std::size_t count) const {
@@ -141,9 +186,10 @@ class CellStore {
     return within;
   }
 
-  const FieldOffset* Offsets(std::uint32_t first) const {
-    return chunks_[first >> ChunkBits].get() + (first & (ChunkSize - 1));
+  static const FieldOffset* OffsetsIn(const LargeBlock<FieldOffset>* chunks, std::uint32_t first) {
+    return chunks[first >> ChunkBits].get() + (first & (ChunkSize - 1));
   }
+  const FieldOffset* Offsets(std::uint32_t first) const { return OffsetsIn(chunks_.data(), first); }
   const char* TextAt(std::uint32_t start) const {
     return (start & OwnTextFlag) != 0 ? ownText_.data() + (start & ~OwnTextFlag)
                                       : fileText_.data() + start;

@@ -44,56 +44,94 @@ std::size_t ScanRegularFieldsPlainly(std::string_view line, FieldOffset* offsets
 
 #if defined(__SSE2__)
 
+namespace {
+
+constexpr std::size_t BlockLength = 64;
+
+/// 64 bytes of a line, asked for the places of single characters.
+class LineBlock {
+ public:
+  explicit LineBlock(const char* text)
+      : first_(Load(text)),
+        second_(Load(text + 16)),
+        third_(Load(text + 32)),
+        last_(Load(text + 48)) {}
+
+  /// The places where the character stands, the first in the lowest bit.
+  std::uint64_t PlacesOf(char character) const {
+    const __m128i wanted = _mm_set1_epi8(character);
+    return PlacesOf(wanted, first_) | PlacesOf(wanted, second_) << 16U |
+           PlacesOf(wanted, third_) << 32U | PlacesOf(wanted, last_) << 48U;
+  }
+
+ private:
+  static __m128i Load(const char* text) {
+    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
+  }
+
+  static std::uint64_t PlacesOf(__m128i wanted, __m128i part) {
+    return static_cast<std::uint32_t>(_mm_movemask_epi8(_mm_cmpeq_epi8(part, wanted)));
+  }
+
+  __m128i first_;
+  __m128i second_;
+  __m128i third_;
+  __m128i last_;
+};
+
+/// The places of one block moved on towards the next: what leaves it is kept and enters there.
+class MovedPlaces {
+ public:
+  explicit MovedPlaces(unsigned distance) : distance_(distance) {}
+
+  std::uint64_t Next(std::uint64_t places) {
+    const std::uint64_t moved = (places << distance_) | entering_;
+    entering_ = places >> (BlockLength - distance_);
+    return moved;
+  }
+
+  /// Whether something is left that entered no block.
+  bool IsAnyLeft() const { return entering_ != 0; }
+
+ private:
+  unsigned distance_;
+  std::uint64_t entering_ = 0;
+};
+
+}  // namespace
+
 std::size_t ScanRegularFields(std::string_view line, FieldOffset* offsets) {
   if (!CanBeRegular(line)) return 0;
-  constexpr std::size_t block = 16;
-  const __m128i quotes = _mm_set1_epi8('"');
-  const __m128i commas = _mm_set1_epi8(',');
-  const __m128i blanks = _mm_set1_epi8(' ');
-  const auto load = [&line](std::size_t at) {
-    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(line.data() + at));
-  };
-
   offsets[0] = 1;
   std::size_t count = 1;
-  std::uint32_t leadingBlanks = 0;
-  // Bit 0: the byte is the second quote of a boundary that began in the block before, or the quote
-  // that opens the line.
-  std::uint32_t secondQuotes = 1;
-  for (std::size_t at = 0; at < line.size(); at += block) {
-    const __m128i isQuote = _mm_cmpeq_epi8(load(at), quotes);
-    const __m128i isBoundary =
-        _mm_and_si128(_mm_and_si128(isQuote, _mm_cmpeq_epi8(load(at + 1), commas)),
-                      _mm_cmpeq_epi8(load(at + 2), quotes));
-    const __m128i startsBlank =
-        _mm_and_si128(isBoundary, _mm_cmpeq_epi8(load(at + BoundaryLength), blanks));
-    auto quoteBits = static_cast<std::uint32_t>(_mm_movemask_epi8(isQuote));
-    auto boundaryBits = static_cast<std::uint32_t>(_mm_movemask_epi8(isBoundary));
-    const auto blankBits = static_cast<std::uint32_t>(_mm_movemask_epi8(startsBlank));
-    // A boundary lies within the line when its second quote does; what stands behind the line is
-    // cut off the last block.
+  MovedPlaces commasBefore(1);
+  MovedPlaces quotesTwoBefore(2);
+  MovedPlaces boundariesBefore(1);
+  MovedPlaces firstQuotes(2);
+  for (std::size_t at = 0; at < line.size(); at += BlockLength) {
+    const LineBlock block(line.data() + at);
     const std::size_t left = line.size() - at;
-    if (left < block + 2) {
-      // The quote that closes the line is no boundary's: it is cut off too.
-      const std::uint32_t inLine = left > block ? 0xFFFFU : (1U << (left - 1)) - 1U;
-      quoteBits &= inLine;
-      boundaryBits &= left <= 2 ? 0U : (1U << (left - 2)) - 1U;
-    }
-    leadingBlanks |= blankBits & boundaryBits;
-    secondQuotes |= boundaryBits << 2U;
-    // Boundaries that share a quote mean a value that is a comma, or a line that begins with one;
-    // a quote of no boundary stands inside a value.
-    const std::uint32_t sharedQuotes = boundaryBits & secondQuotes;
-    const std::uint32_t innerQuotes = quoteBits & ~(boundaryBits | secondQuotes);
-    if ((sharedQuotes | innerQuotes) != 0) return 0;
-    secondQuotes >>= block;
-    for (; boundaryBits != 0; boundaryBits &= boundaryBits - 1) {
-      offsets[count++] = static_cast<FieldOffset>(
-          at + static_cast<std::size_t>(std::countr_zero(boundaryBits)) + BoundaryLength);
+    const std::uint64_t inLine = left >= BlockLength ? ~0ULL : (1ULL << left) - 1;
+    const std::uint64_t quotes = block.PlacesOf('"') & inLine;
+    // The second quotes of boundaries.
+    const std::uint64_t boundaries =
+        quotes & commasBefore.Next(block.PlacesOf(',')) & quotesTwoBefore.Next(quotes);
+    // All other quotes must be the first ones of boundaries, but for those that enclose the line:
+    // one that is not stands inside a value, and a boundary without one shares it with another
+    // boundary, as around a value that is a comma, or with the line's beginning.
+    std::uint64_t otherQuotes = quotes & ~boundaries;
+    if (at == 0) otherQuotes &= ~1ULL;
+    if (left <= BlockLength) otherQuotes &= ~(1ULL << (left - 1));
+    const std::uint64_t valueStarts = boundariesBefore.Next(boundaries);
+    const bool startsBlank = (valueStarts & block.PlacesOf(' ')) != 0;
+    if (firstQuotes.Next(otherQuotes) != boundaries || startsBlank) return 0;
+    for (std::uint64_t rest = boundaries; rest != 0; rest &= rest - 1) {
+      offsets[count++] =
+          static_cast<FieldOffset>(at + static_cast<std::size_t>(std::countr_zero(rest)) + 1);
     }
   }
   // The last value must not begin behind the closing quote.
-  const bool isRegular = leadingBlanks == 0 && offsets[count - 1] < line.size();
+  const bool isRegular = !firstQuotes.IsAnyLeft() && offsets[count - 1] < line.size();
   return isRegular ? Finish(line, offsets, count) : 0;
 }
 

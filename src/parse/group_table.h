@@ -71,9 +71,33 @@ class GroupTable {
     return cells_.Value(StoreRow(group, row), static_cast<std::size_t>(column));
   }
 
+  /// A column, for a walk through all rows of a group; ends with the next change of the table.
+  class Column {
+   public:
+    std::string_view Value(std::int32_t row) const {
+      return cells_.Value(static_cast<std::uint32_t>(row - 1));
+    }
+
+   private:
+    friend class GroupTable;
+    explicit Column(CellStore::Column cells) : cells_(cells) {}
+
+    CellStore::Column cells_;
+  };
+
+  Column ColumnAt(int group, int column) const {
+    return Column(cells_.ColumnFrom(At(group).firstRow, static_cast<std::size_t>(column)));
+  }
+
   /// A data row, for a look at several of its cells; ends with the next change of the table.
   CellStore::Row RowAt(int group, std::int32_t row) const {
     return cells_.RowAt(StoreRow(group, row));
+  }
+
+  /// Has the line of a row that is a few steps ahead fetched from memory.
+  void FetchAhead(int group, std::int32_t row) const {
+    constexpr std::int32_t rowsAhead = 8;
+    cells_.FetchAhead(StoreRow(group, row + rowsAhead));
   }
 
   /// The line of the file on which a data row starts.

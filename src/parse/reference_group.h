@@ -20,11 +20,10 @@ void ForEachValue(const GroupTable& table, int group, int column, Use&& use) {
   // One value per row lies too far from the next for the processor to fetch it by itself.
   constexpr std::int32_t RowsAhead = 12;
   const std::int32_t rowCount = table.At(group).rowCount;
+  const GroupTable::Column values = table.ColumnAt(group, column);
   for (std::int32_t row = 1; row <= rowCount; ++row) {
-    if (row <= rowCount - RowsAhead) {
-      __builtin_prefetch(table.Value(group, row + RowsAhead, column).data());
-    }
-    const std::string_view value = table.Value(group, row, column);
+    if (row <= rowCount - RowsAhead) __builtin_prefetch(values.Value(row + RowsAhead).data());
+    const std::string_view value = values.Value(row);
     if (!value.empty()) use(row, value);
   }
 }

@@ -23,34 +23,6 @@ void AppendComparable(std::string& text, const KeyPart& part, std::string_view v
   }
 }
 
-/// Whether the values of a leading text hold no comma and end with no blank. What stands before an
-/// offset is known to be so.
-bool IsPlain(std::string_view text, std::size_t offset) {
-  // A comma just before the offset may have been one between values.
-  for (std::size_t at = std::max<std::size_t>(offset, 1) - 1; at < text.size(); ++at) {
-    const char before = at == 0 ? '"' : text[at - 1];
-    if (text[at] == '"' && before == ' ') return false;
-    if (text[at] == ',' && (before != '"' || text[at + 1] != '"')) return false;
-  }
-  return true;
-}
-
-/// Whether the part in which two leading texts first differ, at an offset, stands before that of
-/// the other: with fewer letters before its point or, with as many, in the order of letters. Depths
-/// and sizes go up and down in this order as they do by their value.
-bool StandsBefore(std::string_view left, std::string_view right, std::size_t offset) {
-  std::size_t at = offset;
-  while (at > 0 && left[at - 1] != '"' && left[at - 1] != '.')
-    --at;
-  const bool isBehindPoint = at > 0 && left[at - 1] == '.';
-  if (!isBehindPoint) {
-    const std::size_t leftPoint = left.find_first_of(".\"", offset);
-    const std::size_t rightPoint = right.find_first_of(".\"", offset);
-    if (leftPoint != rightPoint) return leftPoint < rightPoint;
-  }
-  return static_cast<unsigned char>(left[offset]) < static_cast<unsigned char>(right[offset]);
-}
-
 }  // namespace
 
 bool AreLeadingColumns(std::span<const KeyPart> parts) {
@@ -109,7 +81,9 @@ bool KeyReader::TurnTo(const RowPlace& place) {
 
 std::size_t KeyReader::CountSameParts(const CellStore::Row& row, std::string_view leading) {
   if (!leading.empty() && !leading_.empty()) {
-    return row.LeadingCount(parts_.size(), SameLength(leading, leading_));
+    const std::size_t same = SameLength(leading, leading_);
+    const bool isSame = same == leading.size() && same == leading_.size();
+    return isSame ? parts_.size() : row.LeadingCount(parts_.size(), same);
   }
   ReadParts();
   std::size_t same = 0;
@@ -157,37 +131,6 @@ bool KeyReader::HasValuesOf(const RowPlace& place, std::span<const KeyPart> part
                     [&row](const KeyPart& part, const PartRead& read) {
                       return SameText(PartValue(row, part), read.value);
                     });
-}
-
-/// Keys are compared as texts of parts joined by commas, without blanks behind the parts and with
-/// numbers by their value. Where no part is numeric and no value holds a comma or ends with a
-/// blank, keys are the same only when the lines have the same text there.
-KeyOrder::KeyOrder(const GroupTable& table, std::span<const KeyPart> parts)
-    : table_(table),
-      parts_(parts),
-      isUsable_(AreLeadingColumns(parts) &&
-                std::none_of(parts.begin(), parts.end(),
-                             [](const KeyPart& part) { return part.isNumeric; })) {}
-
-void KeyOrder::Begin(const RowPlace& place) {
-  leading_ = {};
-  if (!isUsable_) return;
-  directions_.assign(parts_.size(), Direction::Unknown);
-  const std::string_view text = table_.RowAt(place.group, place.row).LeadingText(parts_.size());
-  if (IsPlain(text, 0)) leading_ = text;
-}
-
-bool KeyOrder::GoesOn(const RowPlace& place) {
-  if (leading_.empty()) return false;
-  const CellStore::Row row = table_.RowAt(place.group, place.row);
-  const std::string_view before = std::exchange(leading_, row.LeadingText(parts_.size()));
-  const std::size_t same = SameLength(before, leading_);
-  if (same == before.size() || same >= leading_.size() || !IsPlain(leading_, same)) return false;
-  // The first part that differs decides, in its own direction.
-  Direction& direction = directions_[row.LeadingCount(parts_.size(), same)];
-  const Direction step = StandsBefore(before, leading_, same) ? Direction::Up : Direction::Down;
-  if (direction == Direction::Unknown) direction = step;
-  return direction == step;
 }
 
 }  // namespace quorvane

@@ -79,29 +79,4 @@ class KeyReader {
   bool hasRow_ = false;
 };
 
-/// Tells of rows that follow each other that they go on in one order, upwards or downwards in each
-/// part of their key: their keys differ then, without a search for equal ones. Most holes are
-/// written in such an order.
-class KeyOrder {
- public:
-  /// The table and the parts must outlive the object.
-  KeyOrder(const GroupTable& table, std::span<const KeyPart> parts);
-
-  /// Begins with the first row of some.
-  void Begin(const RowPlace& place);
-
-  /// Whether the next row goes on in the order of those before it; false when that is not plain to
-  /// see. Once it is false the rows have no order.
-  bool GoesOn(const RowPlace& place);
-
- private:
-  enum class Direction : std::int8_t { Unknown, Up, Down };
-
-  const GroupTable& table_;
-  std::span<const KeyPart> parts_;
-  bool isUsable_;
-  std::vector<Direction> directions_;  // of each part
-  std::string_view leading_;           // of the row before; empty when it cannot be compared
-};
-
 }  // namespace quorvane

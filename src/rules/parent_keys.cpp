@@ -36,7 +36,7 @@ class ParentKeys {
     if (!BeginsLikeAny(key.Text())) return false;
     if (!exact_) exact_ = MakeIndex(false);
     const std::optional<RowPlace> found = exact_->Find(key.Text());
-    if (found && found->group == FirstGroup()) expectedRow_ = found->row;
+    if (found && found->group == FirstGroup()) expectedRow_ = found->row + 1;
     return found.has_value();
   }
 
@@ -120,10 +120,12 @@ class ParentKeys {
   bool StandsAhead(KeyReader& key) {
     constexpr std::int32_t mostSteps = 8;
     const std::span<const KeyPart> parts = parts_.at(FirstGroup());
-    const std::int32_t last = std::min(expectedRow_ + mostSteps, table_.At(FirstGroup()).rowCount);
+    const std::int32_t rowCount = table_.At(FirstGroup()).rowCount;
+    const std::int32_t last = std::min(expectedRow_ + mostSteps - 1, rowCount);
     for (std::int32_t row = expectedRow_; row <= last; ++row) {
+      table_.FetchAhead(FirstGroup(), row);
       if (!key.HasValuesOf({FirstGroup(), row}, parts)) continue;
-      expectedRow_ = row;
+      expectedRow_ = row + 1;
       return true;
     }
     return false;
@@ -135,7 +137,7 @@ class ParentKeys {
   std::unordered_set<std::string> beginnings_;
   std::unique_ptr<Index> exact_;
   std::unique_ptr<Index> ignoringCase_;
-  std::int32_t expectedRow_ = 1;
+  std::int32_t expectedRow_ = 1;  // behind that of the last parent found
 };
 
 /// How a group is tied to a parent group.
@@ -173,6 +175,7 @@ class ParentKeyCheck {
     bool isMissing = false;
     for (std::int32_t row = 1; row <= file_.table.At(groupIndex).rowCount; ++row) {
       const RowPlace place{groupIndex, row};
+      file_.table.FetchAhead(groupIndex, row);
       // Rows of one parent mostly stand together.
       if (key.TurnTo(place)) isMissing = key.HasValue() && !parent->Contains(key);
       if (isMissing) ReportRow(place, parts, key.Text(), parentName, *parent, relation);

@@ -5,28 +5,25 @@
 #include <string_view>
 #include <unordered_map>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "rules/key_messages.h"
+#include "rules/key_order.h"
 #include "rules/key_text.h"
 #include "rules/keys.h"
+#include "text/text_table.h"
 
 namespace quorvane {
 namespace {
-
-/// Rows that follow each other, both ends included.
-struct RowRun {
-  std::int32_t first = 0;
-  std::int32_t last = 0;
-
-  std::size_t Count() const { return static_cast<std::size_t>(last - first) + 1; }
-};
 
 /// Rows with the same first part of their key, and that part.
 struct RunOfPart {
   std::string part;
   RowRun rows;
-  bool isInOrder = true;  // its rows go on in one order, so that their keys differ
+  // Where its rows stand that may share their key with each other:
+  std::size_t firstOpenRun = 0;
+  std::size_t openRunCount = 0;
 };
 
 /// Rows that share their key, in the order of the file, and the key in the form in which keys are
@@ -62,8 +59,11 @@ class RepeatedKeys {
       const RunOfPart& first = *run;
       for (; run != runs.end() && run->part == first.part; ++run)
         alike.push_back(run->rows);
-      const bool areAllDifferent = alike.size() == 1 && first.isInOrder;
-      if (!areAllDifferent) FindAmong(alike);
+      if (alike.size() == 1) {
+        FindWithin(first);
+      } else {
+        FindAmong(alike);
+      }
     }
   }
 
@@ -83,7 +83,7 @@ class RepeatedKeys {
   /// Splits the rows into runs with the same first part of the key. False when that does not help:
   /// when the key has one part only, when the runs are short, or when a comma in a first part makes
   /// keys comparable that differ in it.
-  bool SplitByFirstPart(std::vector<RunOfPart>& runs) const {
+  bool SplitByFirstPart(std::vector<RunOfPart>& runs) {
     if (parts_.size() < 2) return false;
     const std::span<const KeyPart> firstPart(parts_.data(), 1);
     KeyReader key(table_, firstPart);
@@ -91,17 +91,54 @@ class RepeatedKeys {
     const std::int32_t rowCount = table_.At(group_).rowCount;
     const auto mostRuns = static_cast<std::size_t>(rowCount / 2);
     for (std::int32_t row = 1; row <= rowCount; ++row) {
-      if (key.TurnTo({group_, row})) {
-        if (runs.size() > mostRuns || key.Text().find(',') != std::string_view::npos) {
-          return false;
-        }
-        runs.push_back({std::string(key.Text()), {row, row}});
-        order.Begin({group_, row});
-      } else {
-        RunOfPart& run = runs.back();
-        run.rows.last = row;
-        run.isInOrder = run.isInOrder && order.GoesOn({group_, row});
+      const RowPlace place{group_, row};
+      if (order.Take(place)) continue;
+      if (!key.TurnTo(place)) {
+        order.TakeUnseen(place);
+        continue;
       }
+      if (runs.size() > mostRuns || key.Text().find(',') != std::string_view::npos) return false;
+      if (!runs.empty()) EndRun(runs.back(), order, row - 1);
+      runs.push_back({std::string(key.Text()), {row, row}});
+      order.Begin(place);
+    }
+    EndRun(runs.back(), order, rowCount);
+    return true;
+  }
+
+  /// Rows that are left to be looked at are so at once, while they are at hand; those whose keys
+  /// differ need not be looked for again.
+  void EndRun(RunOfPart& run, KeyOrder& order, std::int32_t lastRow) {
+    run.rows.last = lastRow;
+    run.firstOpenRun = openRuns_.size();
+    for (const OpenRun& open : order.End()) {
+      if (!AreAllDifferent(open)) openRuns_.push_back(open.rows);
+    }
+    run.openRunCount = openRuns_.size() - run.firstOpenRun;
+  }
+
+  /// Looks at rows that alone have their first part.
+  void FindWithin(const RunOfPart& run) {
+    for (std::size_t index = 0; index < run.openRunCount; ++index)
+      FindAmong({&openRuns_[run.firstOpenRun + index], 1});
+  }
+
+  /// Whether it is plain to see that the keys of rows are all different: by the texts of the parts
+  /// that they do not share, where no number among these could be written in two ways.
+  bool AreAllDifferent(const OpenRun& open) const {
+    const auto isNumeric = [](const KeyPart& part) { return part.isNumeric; };
+    const std::span<const KeyPart> otherParts = std::span(parts_).subspan(open.sharedParts);
+    if (open.sharedParts == 0 || std::any_of(otherParts.begin(), otherParts.end(), isNumeric)) {
+      return false;
+    }
+    const auto leadingText = [&](std::int32_t row, std::size_t parts) {
+      return table_.RowAt(group_, row).LeadingText(parts);
+    };
+    const std::size_t sharedLength = leadingText(open.rows.first, open.sharedParts).size();
+    TextTable<std::monostate> seen(open.rows.Count());
+    for (std::int32_t row = open.rows.first; row <= open.rows.last; ++row) {
+      const std::string_view text = leadingText(row, parts_.size()).substr(sharedLength);
+      if (!seen.TryEmplace(text, {}).second) return false;
     }
     return true;
   }
@@ -131,6 +168,7 @@ class RepeatedKeys {
   const GroupTable& table_;
   int group_;
   std::vector<KeyPart> parts_;
+  std::vector<RowRun> openRuns_;  // of all runs of a first part
   RowTextIndex<TextOfRow> index_;
   std::vector<AlikeRows> found_;
   std::unordered_map<std::int32_t, std::size_t> foundByFirst_;  // index into found_, by first row

@@ -55,13 +55,11 @@ bool TypedColumn::HasValueCheck() const {
 
 template <typename Fits>
 void TypedColumn::CheckEach(std::int32_t firstRow, std::int32_t lastRow, Fits&& fits) {
-  const GroupTable& table = file_.table;
-  const int group = groupIndex_;
-  const int column = headingIndex_;
+  const GroupTable::Column values = file_.table.ColumnAt(groupIndex_, headingIndex_);
   for (std::int32_t row = firstRow; row <= lastRow; ++row) {
-    const std::string_view value = table.Value(group, row, column);
+    const std::string_view value = values.Value(row);
     if (!value.empty() && !fits(value)) {
-      failingRows_.push_back({row, table.RowLine(group, row), value});
+      failingRows_.push_back({row, file_.table.RowLine(groupIndex_, row), value});
     }
   }
 }

@@ -155,6 +155,17 @@ std::string CanonicalNumber(std::string_view text) {
   return canonical;
 }
 
+std::partial_ordering CompareShortNumbers(std::string_view left, std::string_view right) {
+  const PlainDecimal first = ReadPlainDecimal(left);
+  const PlainDecimal second = ReadPlainDecimal(right);
+  if (!first.isPlain || !second.isPlain || IsSign(left.front()) || IsSign(right.front())) {
+    return std::partial_ordering::unordered;
+  }
+  if (first.whole.size() != second.whole.size()) return first.whole.size() <=> second.whole.size();
+  if (first.whole != second.whole) return first.whole <=> second.whole;
+  return first.fraction <=> second.fraction;
+}
+
 std::string GroupedCount(std::uint64_t count) {
   std::string digits = std::to_string(count);
   for (std::size_t at = digits.size(); at > 3; at -= 3)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <compare>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -36,6 +37,10 @@ std::string CanonicalNumber(std::string_view text);
 
 /// The same, appended to a text without a text of its own in between.
 void AppendCanonicalNumber(std::string& text, std::string_view number);
+
+/// How two numbers relate by value; unordered unless both are of the form in which depths and the
+/// like are written, without a sign or an exponent and with 15 letters at the most.
+std::partial_ordering CompareShortNumbers(std::string_view left, std::string_view right);
 
 /// A count with commas as thousands separators in every locale: 1234567 gives "1,234,567".
 std::string GroupedCount(std::uint64_t count);

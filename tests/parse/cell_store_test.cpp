@@ -27,7 +27,11 @@ std::vector<std::string> ValuesOf(const CellStore& store, std::uint32_t row) {
   std::vector<std::string> values;
   for (std::size_t column = 1; column <= store.CellCount(row); ++column) {
     values.emplace_back(store.Value(row, column));
+    const std::string_view inColumn = store.ColumnFrom(0, column).Value(row);
+    EXPECT_EQ(inColumn.data(), store.Value(row, column).data());
+    EXPECT_EQ(inColumn.size(), store.Value(row, column).size());
   }
+  EXPECT_EQ(store.ColumnFrom(row, store.CellCount(row) + 1).Value(0), "");
   return values;
 }
 
@@ -51,6 +55,16 @@ TEST(CellStore, ValuesOfRegularLinesAreViewsIntoTheFile) {
   store.AddRegularRow(1, file.Line(1), NoLimit);
   EXPECT_EQ(store.Value(0, 2).data(), file.Whole().data() + 7);
   EXPECT_TRUE(store.LiesInFile(store.Value(0, 2)));
+}
+
+TEST(CellStore, FetchesNothingAheadOfItsLastRow) {
+  const FileText file = FileOf("\"BH1\"");
+  CellStore store(file.Whole());
+  store.FetchAhead(0);
+  store.AddRegularRow(1, file.Line(1), NoLimit);
+  store.FetchAhead(0);
+  store.FetchAhead(1);
+  store.FetchAhead(0xFFFFFFFF);
 }
 
 TEST(CellStore, LeadingTextHoldsTheFirstValuesAsTheyStandInTheLine) {

@@ -48,6 +48,7 @@ const std::map<std::string, std::string> FamilyOfFile{
     {"file_set_messages", "file_sets"},
     {"key_headings", "keys"},
     {"key_messages", "keys"},
+    {"key_order", "keys"},
     {"key_text", "keys"},
     {"name_messages", "names"},
     {"parent_keys", "keys"},

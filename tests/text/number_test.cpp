@@ -232,6 +232,43 @@ TEST(PlainNumber, ReadsBackForAnyDouble) {
   }
 }
 
+TEST(CompareShortNumbers, ComparesByValue) {
+  EXPECT_TRUE(CompareShortNumbers("9.50", "10.00") < 0);
+  EXPECT_TRUE(CompareShortNumbers("1.25", "1.3") < 0);
+  EXPECT_TRUE(CompareShortNumbers("2", "1.99") > 0);
+  EXPECT_TRUE(CompareShortNumbers("01.50", "1.5") == 0);
+  EXPECT_TRUE(CompareShortNumbers(".5", "0.50") == 0);
+  EXPECT_TRUE(CompareShortNumbers("0", "0.0") == 0);
+}
+
+TEST(CompareShortNumbers, TellsOfShortNumbersWithoutSignOrExponentOnly) {
+  for (const char* text : {"", "x", "-1", "+1", "1e1", "1.", "1..2", "1.00000000000000", " 1"}) {
+    const bool isShort = std::string_view(text) == "1.";
+    EXPECT_EQ(CompareShortNumbers(text, "2") < 0, isShort) << text;
+    EXPECT_EQ(CompareShortNumbers("2", text) > 0, isShort) << text;
+    EXPECT_FALSE(CompareShortNumbers(text, text) < 0) << text;
+  }
+}
+
+TEST(CompareShortNumbers, AgreesWithTheNumbersValues) {
+  constexpr std::array<std::string_view, 8> pieces{"0", "1", "5", "10", ".", ".0", "00", "99"};
+  RandomText random(85);
+  int comparedCount = 0;
+  for (int round = 0; round < 100000; ++round) {
+    const std::string left = random.Joined(pieces, 1 + random.Below(4));
+    const std::string right = random.Joined(pieces, 1 + random.Below(4));
+    const std::partial_ordering order = CompareShortNumbers(left, right);
+    const std::optional<double> leftValue = NumericValue(left);
+    const std::optional<double> rightValue = NumericValue(right);
+    ASSERT_EQ(order == std::partial_ordering::unordered, !leftValue || !rightValue)
+        << left << " " << right;
+    if (!leftValue || !rightValue) continue;
+    ASSERT_EQ(order, *leftValue <=> *rightValue) << left << " " << right;
+    ++comparedCount;
+  }
+  EXPECT_GT(comparedCount, 10000);
+}
+
 TEST(CanonicalNumber, IsTheSameForEqualValues) {
   for (const std::string_view text : {"1.5", "1.50", "01.5", "+1.5", "001.500", "15e-1", ".15E1"}) {
     EXPECT_EQ(CanonicalNumber(text), "1.5") << text;
