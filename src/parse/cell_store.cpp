@@ -43,15 +43,20 @@ bool CellStore::AddRowOfOneLine(std::uint32_t lineNumber,
                                 const std::vector<std::string_view>& values) {
   if (values.empty() || values.size() > LongestRegularLine) return false;
   constexpr std::size_t mostDistance = LongestRegularLine - BoundaryLength;
-  const auto first = std::find_if(values.begin(), values.end(),
-                                  [](std::string_view value) { return !value.empty(); });
+  // Empty values may be views to nowhere.
+  const auto isInFile = [this](std::string_view value) {
+    return OffsetInFile(value) <= fileText_.size();
+  };
+  const auto first = std::find_if(values.begin(), values.end(), isInFile);
   const std::size_t lineStart = first == values.end() ? 0 : OffsetInFile(*first);
   FieldOffset* offset = RoomFor(2 * values.size());
   for (const std::string_view value : values) {
-    const std::size_t start = value.empty() ? 0 : OffsetInFile(value) - lineStart;
     // A value before the first, too, is at a number beyond this distance.
-    if (start > mostDistance || value.size() > mostDistance - start) return false;
-    if (!value.empty() && !LiesInFile(value)) return false;
+    std::size_t start = OffsetInFile(value) - lineStart;
+    const bool isNear = isInFile(value) && start <= mostDistance;
+    if (!isNear && !value.empty()) return false;
+    if (!isNear) start = 0;
+    if (value.size() > mostDistance - start) return false;
     *offset++ = static_cast<FieldOffset>(start);
     *offset++ = static_cast<FieldOffset>(start + value.size() + BoundaryLength);
   }
@@ -59,6 +64,21 @@ bool CellStore::AddRowOfOneLine(std::uint32_t lineNumber,
                    static_cast<std::uint32_t>(nextOffset_),
                    static_cast<std::uint32_t>(values.size()) & Lower31Bits, 1});
   nextOffset_ += 2 * values.size();
+  return true;
+}
+
+bool CellStore::BeginsRegularly(const FieldOffset* offset, std::size_t count, const char* line) {
+  constexpr std::string_view boundary = "\",\"";
+  for (std::size_t value = 0; value < count; ++value) {
+    const std::size_t start = offset[2 * value];
+    const std::size_t end = offset[2 * value + 1] - BoundaryLength;
+    const std::string_view text(line + start, end - start);
+    if (text.starts_with(' ') || std::count(text.begin(), text.end(), '"') != 0) return false;
+    const bool isLast = value + 1 == count;
+    const std::string_view behind(line + end, isLast ? 1 : BoundaryLength);
+    if (behind != boundary.substr(0, behind.size())) return false;
+    if (!isLast && offset[2 * value + 2] != end + BoundaryLength) return false;
+  }
   return true;
 }
 

@@ -55,9 +55,9 @@ class CellStore {
     /// As CellStore::Value.
     std::string_view Value(std::size_t column) const { return store_->ValueOf(*record_, column); }
 
-    /// The first values of a regular line as they stand in it, quotes and commas between them, with
-    /// the quote behind the last: rows with the same such text have the same values. Empty when the
-    /// row is kept otherwise or has fewer values.
+    /// The first values as they stand in their line, quotes and commas between them, with the quote
+    /// behind the last: rows with the same such text have the same values, of which none holds a
+    /// quote or begins with a blank. Empty when the line does not begin so.
     std::string_view LeadingText(std::size_t count) const {
       return store_->LeadingTextOf(*record_, count);
     }
@@ -170,18 +170,23 @@ class CellStore {
   }
 
   std::string_view LeadingTextOf(const RowRecord& record, std::size_t count) const {
-    if (record.isInSpans || record.hasEnds || count == 0 || count > record.cellCount) return {};
+    if (record.isInSpans || count == 0 || count > record.cellCount) return {};
     const FieldOffset* offset = Offsets(record.firstCell);
+    const char* line = fileText_.data() + record.lineStart;
+    if (record.hasEnds && !BeginsRegularly(offset, count, line)) return {};
     const std::size_t start = offset[0];
-    return {fileText_.data() + record.lineStart + start,
-            offset[count] - (BoundaryLength - 1) - start};
+    const std::size_t last = (count - 1) << record.hasEnds;
+    return {line + start, offset[last + 1] - (BoundaryLength - 1) - start};
   }
+
+  /// Whether values of which both ends are kept stand in their line as those of a regular one.
+  static bool BeginsRegularly(const FieldOffset* offset, std::size_t count, const char* line);
 
   std::size_t LeadingCountOf(const RowRecord& record, std::size_t count, std::size_t length) const {
     const FieldOffset* offset = Offsets(record.firstCell);
     const std::size_t behindLast = offset[0] + length + BoundaryLength - 1;
     std::size_t within = 0;
-    while (within < count && offset[within + 1] <= behindLast)
+    while (within < count && offset[(within << record.hasEnds) + 1] <= behindLast)
       ++within;
     return within;
   }

@@ -94,7 +94,8 @@ class GroupTable {
     return cells_.RowAt(StoreRow(group, row));
   }
 
-  /// Has the line of a row that is a few steps ahead fetched from memory.
+  /// Has the line of a row that is a few steps ahead in a walk through the rows fetched from
+  /// memory.
   void FetchAhead(int group, std::int32_t row) const {
     constexpr std::int32_t rowsAhead = 8;
     cells_.FetchAhead(StoreRow(group, row + rowsAhead));

@@ -62,39 +62,38 @@ std::string_view ValueAround(std::string_view text, std::size_t offset) {
 /// only when all parts are: numeric ones by their value, the others when the lines have the same
 /// text.
 KeyOrder::KeyOrder(const GroupTable& table, std::span<const KeyPart> parts)
-    : table_(table), parts_(parts), isUsable_(AreLeadingColumns(parts)) {}
+    : table_(&table), parts_(parts), isUsable_(AreLeadingColumns(parts)) {}
 
 void KeyOrder::Begin(const RowPlace& place) {
-  levels_.assign(parts_.size(), {place.row, Direction::Unknown});
+  levels_.assign(parts_.size() + 1, {place.row, Direction::Unknown});
   leading_ = {};
   lastRow_ = place.row;
   openLevel_ = 0;
   openRuns_.clear();
   isUnordered_ = false;
   if (!isUsable_) return;
-  const std::string_view text = table_.RowAt(place.group, place.row).LeadingText(parts_.size());
+  const std::string_view text = table_->RowAt(place.group, place.row).LeadingText(parts_.size());
   if (IsPlain(text, 0)) leading_ = text;
 }
 
-bool KeyOrder::Take(const RowPlace& place) {
-  if (leading_.empty()) return false;
-  const CellStore::Row row = table_.RowAt(place.group, place.row);
+std::size_t KeyOrder::Take(const RowPlace& place) {
+  if (leading_.empty()) return 0;
+  const CellStore::Row row = table_->RowAt(place.group, place.row);
   const std::string_view text = row.LeadingText(parts_.size());
-  if (text.empty()) return false;
+  if (text.empty()) return 0;
   const std::size_t same = SameLength(leading_, text);
   const bool isSame = same == leading_.size() && same == text.size();
-  // A key that is the same as the one before ends the order in its last part.
-  const std::size_t level = isSame ? parts_.size() - 1 : row.LeadingCount(parts_.size(), same);
-  if (level == 0) return false;
+  const std::size_t level = isSame ? parts_.size() : row.LeadingCount(parts_.size(), same);
+  if (level == 0) return 0;
   Direction step = Direction::Unknown;
   if (!isSame) {
     if (IsPlain(text, same)) step = StepTo(text, same, parts_[level].isNumeric);
-    if (step == Direction::Unknown) return false;
+    if (step == Direction::Unknown) return 0;
   }
   leading_ = text;
   TakeAt(level, step, place.row);
   lastRow_ = place.row;
-  return true;
+  return level;
 }
 
 /// Which way a text goes in the part in which it first differs from the one before, at an offset;
@@ -108,8 +107,8 @@ KeyOrder::Direction KeyOrder::StepTo(std::string_view text, std::size_t offset,
   return order > 0 ? Direction::Down : Direction::Unknown;
 }
 
-/// Takes a row that shares so many parts with the one before. The next part goes up or down or, the
-/// step being unknown, does not change.
+/// Takes a row that shares so many parts with the one before and goes a step in the next one. Rows
+/// that share all parts are left to be looked at as those without an order are.
 void KeyOrder::TakeAt(std::size_t level, Direction step, std::int32_t row) {
   if (openLevel_ != 0) {
     if (level >= openLevel_) return;
@@ -119,7 +118,7 @@ void KeyOrder::TakeAt(std::size_t level, Direction step, std::int32_t row) {
     levels_[below] = {row, Direction::Unknown};
   Direction& direction = levels_[level].direction;
   if (direction == Direction::Unknown) direction = step;
-  if (step == Direction::Unknown || direction != step) Open(level);
+  if (level == parts_.size() || direction != step) Open(level);
 }
 
 /// Notes that the rows that share so many parts have no order, up to the one that does not.

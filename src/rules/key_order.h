@@ -39,9 +39,9 @@ class KeyOrder {
   /// Begins with the first row of some.
   void Begin(const RowPlace& place);
 
-  /// Takes the next row. False, and nothing is taken, when it is not plain to see that the row
-  /// shares the first part with those before it.
-  bool Take(const RowPlace& place);
+  /// Takes the next row and returns how many first parts it shares with the one before. When it is
+  /// not plain to see that it shares any, the result is 0 and nothing is taken.
+  std::size_t Take(const RowPlace& place);
 
   /// Takes a row that shares the first part though this was not plain to see. No order is known of
   /// the rows then.
@@ -65,7 +65,7 @@ class KeyOrder {
   void Open(std::size_t level);
   void CloseOpenRun();
 
-  const GroupTable& table_;
+  const GroupTable* table_;
   std::span<const KeyPart> parts_;
   bool isUsable_;
   std::vector<Level> levels_;  // of each part

@@ -33,8 +33,10 @@ class ParentKeys {
 
   bool Contains(KeyReader& key) {
     if (StandsAhead(key)) return true;
-    if (!BeginsLikeAny(key.Text())) return false;
-    if (!exact_) exact_ = MakeIndex(false);
+    if (!exact_) {
+      if (!BeginsLikeAny(key.Text())) return false;
+      exact_ = MakeIndex(false);
+    }
     const std::optional<RowPlace> found = exact_->Find(key.Text());
     if (found && found->group == FirstGroup()) expectedRow_ = found->row + 1;
     return found.has_value();

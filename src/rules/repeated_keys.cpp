@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <numeric>
 #include <optional>
 #include <span>
 #include <string>
@@ -17,13 +18,23 @@
 namespace quorvane {
 namespace {
 
-/// Rows with the same first part of their key, and that part.
-struct RunOfPart {
+/// The rows of a hole: those with the same first part of their key. Where the hole comes up again
+/// behind two others, it is another object.
+struct HoleRows {
   std::string part;
-  RowRun rows;
-  // Where its rows stand that may share their key with each other:
-  std::size_t firstOpenRun = 0;
-  std::size_t openRunCount = 0;
+  RowRun rows;            // among which some of another hole may stand
+  bool isInOrder = true;  // the second part of the key goes up or down throughout
+  // Where what was found among the rows stands:
+  std::size_t firstFound = 0;
+  std::size_t foundCount = 0;
+};
+
+/// A hole of which rows may follow.
+struct OpenHole {
+  bool hasRows = false;
+  std::string part;
+  std::vector<RowRun> runs;
+  KeyOrder order;
 };
 
 /// Rows that share their key, in the order of the file, and the key in the form in which keys are
@@ -47,23 +58,19 @@ class RepeatedKeys {
   void Find() {
     const RowRun all{1, table_.At(group_).rowCount};
     if (all.last < 2) return;
-    std::vector<RunOfPart> runs;
-    if (!SplitByFirstPart(runs)) return FindAmong({&all, 1});
-    std::sort(runs.begin(), runs.end(), [](const RunOfPart& left, const RunOfPart& right) {
+    if (!FindInHoles()) {
+      found_.clear();
+      return FindAmong({&all, 1});
+    }
+    std::sort(holes_.begin(), holes_.end(), [](const HoleRows& left, const HoleRows& right) {
       const int order = left.part.compare(right.part);
       return order != 0 ? order < 0 : left.rows.first < right.rows.first;
     });
-    std::vector<RowRun> alike;
-    for (auto run = runs.begin(); run != runs.end();) {
-      alike.clear();
-      const RunOfPart& first = *run;
-      for (; run != runs.end() && run->part == first.part; ++run)
-        alike.push_back(run->rows);
-      if (alike.size() == 1) {
-        FindWithin(first);
-      } else {
-        FindAmong(alike);
-      }
+    for (auto first = holes_.begin(); first != holes_.end();) {
+      const auto next = std::find_if(
+          first, holes_.end(), [&](const HoleRows& hole) { return hole.part != first->part; });
+      if (!AreInOneOrder({first, next})) FindAcross({first, next});
+      first = next;
     }
   }
 
@@ -80,75 +87,141 @@ class RepeatedKeys {
     }
   };
 
-  /// Splits the rows into runs with the same first part of the key. False when that does not help:
-  /// when the key has one part only, when the runs are short, or when a comma in a first part makes
+  /// Looks at the rows hole by hole, while they are at hand. False when that does not help: when
+  /// the key has one part only, when the holes are short, or when a comma in a first part makes
   /// keys comparable that differ in it.
-  bool SplitByFirstPart(std::vector<RunOfPart>& runs) {
+  bool FindInHoles() {
     if (parts_.size() < 2) return false;
-    const std::span<const KeyPart> firstPart(parts_.data(), 1);
-    KeyReader key(table_, firstPart);
-    KeyOrder order(table_, parts_);
+    KeyReader key(table_, std::span(parts_).first(1));
+    OpenHole hole{false, {}, {}, KeyOrder(table_, parts_)};
+    OpenHole before = hole;  // may go on behind a row of another hole
     const std::int32_t rowCount = table_.At(group_).rowCount;
-    const auto mostRuns = static_cast<std::size_t>(rowCount / 2);
+    const auto mostHoles = static_cast<std::size_t>(rowCount / 2);
     for (std::int32_t row = 1; row <= rowCount; ++row) {
       const RowPlace place{group_, row};
-      if (order.Take(place)) continue;
-      if (!key.TurnTo(place)) {
-        order.TakeUnseen(place);
-        continue;
+      if (hole.hasRows && hole.order.Take(place) > 0) {
+        hole.runs.back().last = row;
+      } else if (!key.TurnTo(place) || (hole.hasRows && hole.part == key.Text())) {
+        hole.order.TakeUnseen(place);
+        hole.runs.back().last = row;
+      } else if (before.hasRows && before.part == key.Text()) {
+        std::swap(before, hole);
+        if (hole.order.Take(place) == 0) hole.order.TakeUnseen(place);
+        hole.runs.push_back({row, row});
+      } else {
+        if (holes_.size() > mostHoles || key.Text().find(',') != std::string_view::npos) {
+          return false;
+        }
+        End(before);
+        std::swap(before, hole);
+        hole.hasRows = true;
+        hole.part = key.Text();
+        hole.runs.assign(1, {row, row});
+        hole.order.Begin(place);
       }
-      if (runs.size() > mostRuns || key.Text().find(',') != std::string_view::npos) return false;
-      if (!runs.empty()) EndRun(runs.back(), order, row - 1);
-      runs.push_back({std::string(key.Text()), {row, row}});
-      order.Begin(place);
     }
-    EndRun(runs.back(), order, rowCount);
+    End(before);
+    End(hole);
     return true;
   }
 
-  /// Rows that are left to be looked at are so at once, while they are at hand; those whose keys
-  /// differ need not be looked for again.
-  void EndRun(RunOfPart& run, KeyOrder& order, std::int32_t lastRow) {
-    run.rows.last = lastRow;
-    run.firstOpenRun = openRuns_.size();
-    for (const OpenRun& open : order.End()) {
-      if (!AreAllDifferent(open)) openRuns_.push_back(open.rows);
+  /// Ends the rows of a hole: looks at those that may share their keys.
+  void End(OpenHole& hole) {
+    if (!hole.hasRows) return;
+    HoleRows ended{hole.part, {hole.runs.front().first, hole.runs.back().last}};
+    ended.firstFound = found_.size();
+    for (const OpenRun& open : hole.order.End()) {
+      if (open.sharedParts < 2) ended.isInOrder = false;
+      KeepWithin(open.rows, hole.runs, within_);
+      if (!AreAllDifferent(within_, open.sharedParts)) FindAmong(within_);
     }
-    run.openRunCount = openRuns_.size() - run.firstOpenRun;
+    ended.foundCount = found_.size() - ended.firstFound;
+    holes_.push_back(std::move(ended));
   }
 
-  /// Looks at rows that alone have their first part.
-  void FindWithin(const RunOfPart& run) {
-    for (std::size_t index = 0; index < run.openRunCount; ++index)
-      FindAmong({&openRuns_[run.firstOpenRun + index], 1});
+  /// The parts of runs that lie within a longer one.
+  static void KeepWithin(const RowRun& longer, std::span<const RowRun> runs,
+                         std::vector<RowRun>& within) {
+    within.clear();
+    auto run =
+        std::lower_bound(runs.begin(), runs.end(), longer.first,
+                         [](const RowRun& left, std::int32_t row) { return left.last < row; });
+    for (; run != runs.end() && run->first <= longer.last; ++run) {
+      within.push_back({std::max(run->first, longer.first), std::min(run->last, longer.last)});
+    }
   }
 
-  /// Whether it is plain to see that the keys of rows are all different: by the texts of the parts
-  /// that they do not share, where no number among these could be written in two ways.
-  bool AreAllDifferent(const OpenRun& open) const {
+  /// Looks anew at all rows of a hole that comes up several times.
+  void FindAcross(std::span<const HoleRows> holes) {
+    std::vector<RowRun> runs;
+    for (const HoleRows& hole : holes) {
+      AddRunsOf(hole, runs);
+      for (std::size_t index = 0; index < hole.foundCount; ++index)
+        found_[hole.firstFound + index].rows.clear();
+    }
+    FindAmong(runs);
+  }
+
+  void AddRunsOf(const HoleRows& hole, std::vector<RowRun>& runs) const {
+    KeyReader key(table_, std::span(parts_).first(1));
+    bool isOwn = false;
+    for (std::int32_t row = hole.rows.first; row <= hole.rows.last; ++row) {
+      const bool goesOn = !key.TurnTo({group_, row}) && isOwn;
+      isOwn = goesOn || key.Text() == hole.part;
+      if (goesOn) {
+        runs.back().last = row;
+      } else if (isOwn) {
+        runs.push_back({row, row});
+      }
+    }
+  }
+
+  /// Whether the keys of a hole that comes up several times differ from time to time because the
+  /// second part goes on in one direction.
+  bool AreInOneOrder(std::span<const HoleRows> holes) const {
+    if (holes.size() == 1) return true;
+    KeyOrder order(table_, parts_);
+    order.Begin({group_, holes.front().rows.first});
+    for (const HoleRows& hole : holes) {
+      const auto [first, last] = hole.rows;
+      const bool goesOn = &hole == &holes.front() || order.Take({group_, first}) == 1;
+      if (!hole.isInOrder || !goesOn) return false;
+      if (last > first && order.Take({group_, last}) == 0) return false;
+    }
+    return order.End().empty();
+  }
+
+  /// Whether it is plain to see that the keys of rows that share their first parts are all
+  /// different: by the texts of the other parts, where no number could be written in two ways.
+  bool AreAllDifferent(std::span<const RowRun> runs, std::size_t sharedParts) const {
     const auto isNumeric = [](const KeyPart& part) { return part.isNumeric; };
-    const std::span<const KeyPart> otherParts = std::span(parts_).subspan(open.sharedParts);
-    if (open.sharedParts == 0 || std::any_of(otherParts.begin(), otherParts.end(), isNumeric)) {
+    const std::span<const KeyPart> otherParts = std::span(parts_).subspan(sharedParts);
+    if (sharedParts == 0 || std::any_of(otherParts.begin(), otherParts.end(), isNumeric)) {
       return false;
     }
-    const auto leadingText = [&](std::int32_t row, std::size_t parts) {
-      return table_.RowAt(group_, row).LeadingText(parts);
-    };
-    const std::size_t sharedLength = leadingText(open.rows.first, open.sharedParts).size();
-    TextTable<std::monostate> seen(open.rows.Count());
-    for (std::int32_t row = open.rows.first; row <= open.rows.last; ++row) {
-      const std::string_view text = leadingText(row, parts_.size()).substr(sharedLength);
-      if (!seen.TryEmplace(text, {}).second) return false;
+    TextTable<std::monostate> seen(RowCount(runs));
+    for (const RowRun& run : runs) {
+      for (std::int32_t row = run.first; row <= run.last; ++row) {
+        const CellStore::Row cells = table_.RowAt(group_, row);
+        const std::size_t sharedLength = cells.LeadingText(sharedParts).size();
+        const std::string_view text = cells.LeadingText(parts_.size()).substr(sharedLength);
+        if (!seen.TryEmplace(text, {}).second) return false;
+      }
     }
     return true;
+  }
+
+  static std::size_t RowCount(std::span<const RowRun> runs) {
+    return std::accumulate(
+        runs.begin(), runs.end(), std::size_t{0},
+        [](std::size_t count, const RowRun& run) { return count + run.Count(); });
   }
 
   void FindAmong(std::span<const RowRun> runs) {
-    std::size_t rowCount = 0;
-    for (const RowRun& run : runs)
-      rowCount += run.Count();
+    const std::size_t rowCount = RowCount(runs);
     if (rowCount < 2) return;
     index_.Clear(rowCount);
+    foundByFirst_.clear();
     KeyReader key(table_, parts_);
     for (const RowRun& run : runs) {
       for (std::int32_t row = run.first; row <= run.last; ++row) {
@@ -168,11 +241,25 @@ class RepeatedKeys {
   const GroupTable& table_;
   int group_;
   std::vector<KeyPart> parts_;
-  std::vector<RowRun> openRuns_;  // of all runs of a first part
+  std::vector<HoleRows> holes_;
+  std::vector<RowRun> within_;  // of one search
   RowTextIndex<TextOfRow> index_;
-  std::vector<AlikeRows> found_;
-  std::unordered_map<std::int32_t, std::size_t> foundByFirst_;  // index into found_, by first row
+  std::vector<AlikeRows> found_;  // no rows where they were looked at anew
+  std::unordered_map<std::int32_t, std::size_t> foundByFirst_;  // of one search, by first row
 };
+
+/// Reports rows that share their key, each with the one before.
+void ReportRepeated(CheckedFile& file, int groupIndex, std::span<const std::int32_t> rows) {
+  for (std::size_t index = 1; index < rows.size(); ++index) {
+    const auto [firstLine, secondLine] =
+        std::minmax({file.table.RowLine(groupIndex, rows[index - 1]),
+                     file.table.RowLine(groupIndex, rows[index])});
+    file.log.AddMessage(
+        firstLine, KeyRepeated,
+        {file.table.At(groupIndex).name, file.table.KeyText(groupIndex, rows[index]), secondLine},
+        {groupIndex, rows[index - 1], 0});
+  }
+}
 
 }  // namespace
 
@@ -184,8 +271,9 @@ std::vector<std::vector<std::int32_t>> SortGroupRows(const CheckedFile& file, in
             [](const AlikeRows& left, const AlikeRows& right) { return left.key < right.key; });
   std::vector<std::vector<std::int32_t>> sorted;
   sorted.reserve(found.size());
-  for (AlikeRows& alike : found)
-    sorted.push_back(std::move(alike.rows));
+  for (AlikeRows& alike : found) {
+    if (!alike.rows.empty()) sorted.push_back(std::move(alike.rows));
+  }
   return sorted;
 }
 
@@ -193,16 +281,8 @@ void CheckDuplicateKeys(CheckedFile& file) {
   for (int groupIndex = 1; groupIndex <= file.table.GroupCount(); ++groupIndex) {
     const Group& group = file.table.At(groupIndex);
     if (!group.isKeyed) continue;
-    for (const std::vector<std::int32_t>& rows : SortGroupRows(file, groupIndex)) {
-      for (std::size_t index = 1; index < rows.size(); ++index) {
-        const auto [firstLine, secondLine] =
-            std::minmax({file.table.RowLine(groupIndex, rows[index - 1]),
-                         file.table.RowLine(groupIndex, rows[index])});
-        file.log.AddMessage(firstLine, KeyRepeated,
-                            {group.name, file.table.KeyText(groupIndex, rows[index]), secondLine},
-                            {groupIndex, rows[index - 1], 0});
-      }
-    }
+    for (const std::vector<std::int32_t>& rows : SortGroupRows(file, groupIndex))
+      ReportRepeated(file, groupIndex, rows);
   }
   file.log.CloseCheckSection(file.IsAgs4() ? "Duplicated keys check "
                                            : "Duplicated keys check (Rule 6b)");

@@ -57,7 +57,7 @@ TEST(CellStore, ValuesOfRegularLinesAreViewsIntoTheFile) {
   EXPECT_TRUE(store.LiesInFile(store.Value(0, 2)));
 }
 
-TEST(CellStore, FetchesNothingAheadOfItsLastRow) {
+TEST(CellStore, FetchesNothingBehindItsLastRow) {
   const FileText file = FileOf("\"BH1\"");
   CellStore store(file.Whole());
   store.FetchAhead(0);

@@ -144,8 +144,8 @@ void ExpectAgreement(std::string_view line) {
 /// With other lengths of the first value, each place comes to lie on each side of the blocks' ends.
 TEST(ScanRegularFields, FindsAFaultAtEveryPlace) {
   for (std::size_t length = 1; length <= 64; ++length) {
-    const std::string sound = "\"" + std::string(length, 'f') +
-                              R"(","","third","4.00","","a,b","last one of the line")";
+    const std::string sound =
+        "\"" + std::string(length, 'f') + R"(","","third","4.00","","a,b","last one of the line")";
     ASSERT_EQ(FastOffsets(sound).size(), 8U);
     for (std::size_t at = 0; at < sound.size(); ++at) {
       for (const char letter : {'"', ',', ' ', 'x'}) {

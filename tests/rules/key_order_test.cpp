@@ -112,9 +112,11 @@ TEST(KeyOrder, ATurnInAnEarlierPartTakesInWhatWasLeftBefore) {
 }
 
 TEST(KeyOrder, TheSameKeyIsLeft) {
-  EXPECT_THAT(OpenRuns(LinesOf({"1.00", "1.00"})), ElementsAre(Open{1, 2, 1}));
+  EXPECT_THAT(OpenRuns(LinesOf({"1.00", "1.00"})), ElementsAre(Open{1, 2, 2}));
   EXPECT_THAT(OpenRuns(LinesOfPairs({"1 A", "2 A", "2 A", "3 A"}), ThreeParts),
-              ElementsAre(Open{2, 3, 2}));
+              ElementsAre(Open{2, 3, 3}));
+  EXPECT_THAT(OpenRuns(LinesOfPairs({"1 B", "1 B", "1 C", "1 A"}), ThreeParts),
+              ElementsAre(Open{1, 4, 2}));
 }
 
 TEST(KeyOrder, LeavesAllRowsWhereKeysMayBeTheSameThoughTheirLinesDiffer) {
