@@ -53,6 +53,7 @@ class RepeatedKeys {
       : table_(table),
         group_(group),
         parts_(KeyPartsOf(table.At(group))),
+        key_(table, parts_),
         index_(0, TextOfRow{table, parts_}) {}
 
   void Find() {
@@ -222,12 +223,11 @@ class RepeatedKeys {
     if (rowCount < 2) return;
     index_.Clear(rowCount);
     foundByFirst_.clear();
-    KeyReader key(table_, parts_);
     for (const RowRun& run : runs) {
       for (std::int32_t row = run.first; row <= run.last; ++row) {
-        key.TurnTo({group_, row});
-        const std::optional<RowPlace> first = index_.Insert({group_, row}, key.Text());
-        if (first) Add(first->row, row, key.Text());
+        key_.TurnTo({group_, row});
+        const std::optional<RowPlace> first = index_.Insert({group_, row}, key_.Text());
+        if (first) Add(first->row, row, key_.Text());
       }
     }
   }
@@ -241,6 +241,7 @@ class RepeatedKeys {
   const GroupTable& table_;
   int group_;
   std::vector<KeyPart> parts_;
+  KeyReader key_;
   std::vector<HoleRows> holes_;
   std::vector<RowRun> within_;  // of one search
   RowTextIndex<TextOfRow> index_;
