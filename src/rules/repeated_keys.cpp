@@ -222,20 +222,17 @@ class RepeatedKeys {
     const std::size_t rowCount = RowCount(runs);
     if (rowCount < 2) return;
     index_.Clear(rowCount);
-    foundByFirst_.clear();
+    std::unordered_map<std::int32_t, std::size_t> foundByFirst;
     for (const RowRun& run : runs) {
       for (std::int32_t row = run.first; row <= run.last; ++row) {
         key_.TurnTo({group_, row});
         const std::optional<RowPlace> first = index_.Insert({group_, row}, key_.Text());
-        if (first) Add(first->row, row, key_.Text());
+        if (!first) continue;
+        const auto [found, isNew] = foundByFirst.try_emplace(first->row, found_.size());
+        if (isNew) found_.push_back({std::string(key_.Text()), {first->row}});
+        found_[found->second].rows.push_back(row);
       }
     }
-  }
-
-  void Add(std::int32_t first, std::int32_t row, std::string_view key) {
-    const auto [place, isNew] = foundByFirst_.try_emplace(first, found_.size());
-    if (isNew) found_.push_back({std::string(key), {first}});
-    found_[place->second].rows.push_back(row);
   }
 
   const GroupTable& table_;
@@ -246,7 +243,6 @@ class RepeatedKeys {
   std::vector<RowRun> within_;  // of one search
   RowTextIndex<TextOfRow> index_;
   std::vector<AlikeRows> found_;  // no rows where they were looked at anew
-  std::unordered_map<std::int32_t, std::size_t> foundByFirst_;  // of one search, by first row
 };
 
 /// Reports rows that share their key, each with the one before.

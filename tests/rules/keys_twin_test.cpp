@@ -20,12 +20,13 @@ using Values = std::vector<std::string_view>;
 
 /// A parent group, once or twice, and a group that refers to it. Few different values occur, mostly
 /// one hole behind the other, some of them with commas or in small letters; in some files the keys
-/// of a hole go up or down, in some only by several rows at a time. Some rows stand in the file as
-/// regular lines, others do not.
+/// of a hole go up or down, in some only by several rows at a time, and in some a row of another
+/// hole stands in between. Some rows stand in the file as regular lines, others do not.
 class RandomKeys {
  public:
   explicit RandomKeys(std::uint32_t seed) : random_(seed), isNumeric_(random_.OneIn(2)) {
     isOrdered_ = random_.OneIn(2);
+    hasOthersBetween_ = random_.OneIn(2);
     rowsOfDepth_ = random_.OneIn(2) ? 1 : 4;
     groups_.push_back(MakeGroup("SAMP", 1, 3));
     if (random_.OneIn(3)) groups_.push_back(MakeGroup("SAMP", 1, random_.OneIn(2) ? 3 : 2));
@@ -106,7 +107,9 @@ class RandomKeys {
     static constexpr std::string_view rising[] = {"0.063", "0.15", "0.2", "0.212", "1",   "1.25",
                                                   "1.3",   "2",    "9",   "10",    "10.5"};
     if (random_.OneIn(isOrdered_ ? 12 : 4)) hole_ = random_.Pick(holes);
-    Values values{hole_, random_.Pick(depths), random_.Pick(names), random_.Pick(names)};
+    const bool isOther = hasOthersBetween_ && random_.OneIn(8);
+    Values values{isOther ? random_.Pick(holes) : hole_, random_.Pick(depths), random_.Pick(names),
+                  random_.Pick(names)};
     if (isOrdered_ && !random_.OneIn(10)) {
       values[1] = rising[row / rowsOfDepth_ % std::size(rising)];
       if (rowsOfDepth_ == 1) values[2] = names[row / std::size(rising)];
@@ -119,6 +122,7 @@ class RandomKeys {
   bool isNumeric_;
   bool isOrdered_ = false;
   std::size_t rowsOfDepth_ = 1;
+  bool hasOthersBetween_ = false;
   std::string_view hole_ = "BH1";
   std::vector<RandomGroup> groups_;
 };
