@@ -86,6 +86,27 @@ TEST(CellStore, LeadingTextHoldsTheFirstValuesAsTheyStandInTheLine) {
   EXPECT_EQ(row.LeadingCount(3, 14), 3U);
 }
 
+/// The leading text of two values of a line that are given by their places in it.
+std::string LeadingTextOf(std::string_view line, std::size_t firstStart, std::size_t firstLength,
+                          std::size_t secondStart, std::size_t secondLength) {
+  const FileText file = FileOf(line);
+  CellStore store(file.Whole());
+  store.AddRow(1, {file.Whole().substr(firstStart, firstLength),
+                   file.Whole().substr(secondStart, secondLength)});
+  return std::string(store.RowAt(0).LeadingText(2));
+}
+
+TEST(CellStore, OtherLinesHaveALeadingTextAsFarAsTheyStandLikeRegularOnes) {
+  EXPECT_EQ(LeadingTextOf("\"BH1\",\"1.0\",x", 1, 3, 7, 3), "BH1\",\"1.0\"");
+  EXPECT_EQ(LeadingTextOf("\"BH1\",\"\",x", 1, 3, 7, 0), "BH1\",\"\"");
+  EXPECT_EQ(LeadingTextOf("\"BH1\",1.0,x", 1, 3, 6, 3), "");
+  EXPECT_EQ(LeadingTextOf("\"BH1\",\"1.0,x", 1, 3, 7, 3), "");
+  EXPECT_EQ(LeadingTextOf("\"BH1\",\" 1.0\",x", 1, 3, 7, 4), "");
+  EXPECT_EQ(LeadingTextOf("\"BH1\",\" 1.0\",x", 1, 3, 8, 3), "");
+  EXPECT_EQ(LeadingTextOf("\"BH1\",\"1\"0\",x", 1, 3, 7, 3), "");
+  EXPECT_EQ(LeadingTextOf("\"BH1\"\"1.0\",x", 1, 3, 6, 3), "");
+}
+
 TEST(CellStore, RowsOfOtherLinesHaveNoLeadingText) {
   const FileText file = FileOf("BH1,1.00\nother");
   CellStore store(file.Whole());

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <iterator>
 #include <map>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -21,11 +22,13 @@ using Values = std::vector<std::string_view>;
 /// A parent group, once or twice, and a group that refers to it. Few different values occur, mostly
 /// one hole behind the other, some of them with commas or in small letters; in some files the keys
 /// of a hole go up or down, in some only by several rows at a time, and in some a row of another
-/// hole stands in between. Some rows stand in the file as regular lines, others do not.
+/// hole stands in between. Some rows stand in the file as regular lines, others do not; in some
+/// files all do, and none of the values keeps keys from being compared by their lines' text.
 class RandomKeys {
  public:
   explicit RandomKeys(std::uint32_t seed) : random_(seed), isNumeric_(random_.OneIn(2)) {
     isOrdered_ = random_.OneIn(2);
+    isPlain_ = random_.OneIn(2);
     hasOthersBetween_ = random_.OneIn(2);
     rowsOfDepth_ = random_.OneIn(2) ? 1 : 4;
     groups_.push_back(MakeGroup("SAMP", 1, 3));
@@ -77,7 +80,7 @@ class RandomKeys {
     const std::size_t rowCount = random_.Below(40);
     for (std::size_t row = 0; row < rowCount; ++row)
       group.rows.push_back(
-          {MakeValues(row, static_cast<std::size_t>(keyLength)), !random_.OneIn(4)});
+          {MakeValues(row, static_cast<std::size_t>(keyLength)), isPlain_ || !random_.OneIn(4)});
     return group;
   }
 
@@ -106,10 +109,17 @@ class RandomKeys {
     static constexpr std::string_view names[] = {"A", "a", "B", "", "2", "1,A"};
     static constexpr std::string_view rising[] = {"0.063", "0.15", "0.2", "0.212", "1",   "1.25",
                                                   "1.3",   "2",    "9",   "10",    "10.5"};
-    if (random_.OneIn(isOrdered_ ? 12 : 4)) hole_ = random_.Pick(holes);
+    static constexpr std::string_view plainHoles[] = {"BH1", "BH2", "BH10"};
+    static constexpr std::string_view plainDepths[] = {"1", "1.0", "1.00", "2.50", "2.5", "10"};
+    static constexpr std::string_view plainNames[] = {"A", "B", "2", "10", "2.0"};
+    using Choices = std::span<const std::string_view>;
+    const Choices anyHole = isPlain_ ? Choices(plainHoles) : Choices(holes);
+    const Choices anyDepth = isPlain_ ? Choices(plainDepths) : Choices(depths);
+    const Choices anyName = isPlain_ ? Choices(plainNames) : Choices(names);
+    if (random_.OneIn(isOrdered_ ? 12 : 4)) hole_ = random_.Pick(anyHole);
     const bool isOther = hasOthersBetween_ && random_.OneIn(8);
-    Values values{isOther ? random_.Pick(holes) : hole_, random_.Pick(depths), random_.Pick(names),
-                  random_.Pick(names)};
+    Values values{isOther ? random_.Pick(anyHole) : hole_, random_.Pick(anyDepth),
+                  random_.Pick(anyName), random_.Pick(anyName)};
     if (isOrdered_ && !random_.OneIn(10)) {
       values[1] = rising[row / rowsOfDepth_ % std::size(rising)];
       if (rowsOfDepth_ == 1) values[2] = names[row / std::size(rising)];
@@ -123,6 +133,7 @@ class RandomKeys {
   bool isOrdered_ = false;
   std::size_t rowsOfDepth_ = 1;
   bool hasOthersBetween_ = false;
+  bool isPlain_ = false;
   std::string_view hole_ = "BH1";
   std::vector<RandomGroup> groups_;
 };
@@ -165,6 +176,71 @@ TEST(RepeatedKeysTwin, FindsWhatSortingAllRowsFinds) {
       }
     });
   }
+}
+
+/// The rows that share their keys, of a group whose rows are given with bars between the values;
+/// the second part of the key may be numeric.
+std::vector<std::vector<std::int32_t>> Repeated(const std::vector<std::string>& rows,
+                                                bool isNumeric = false) {
+  std::string text;
+  for (const std::string& row : rows)
+    text += "\"" + ReplaceAll(row, "|", "\",\"") + "\"\n";
+  std::vector<std::vector<std::int32_t>> repeated;
+  CheckDirectly(AgsFormat::Ags4, text, [&](CheckedFile& file) {
+    GroupTable& table = file.table;
+    Group& group = table.At(table.AddGroup("SAMP", 1));
+    for (const char* heading : {"LOCA_ID", "SAMP_TOP", "SAMP_REF"})
+      table.AddHeading(heading);
+    group.isKeyed = true;
+    group.keyColumns = {1, 2, 3};
+    if (isNumeric) group.numericKeyColumns = {2};
+    for (std::int32_t line = 1; line <= file.text.LineCount(); ++line)
+      EXPECT_EQ(table.AddRegularRow(line, file.text.Line(line)), 3U) << rows[0];
+    repeated = SortGroupRows(file, 1);
+  });
+  return repeated;
+}
+
+using Lists = std::vector<std::vector<std::int32_t>>;
+
+TEST(SortGroupRows, FindsEachRepetitionInAHoleOnce) {
+  EXPECT_EQ(Repeated({"BH1|1|A", "BH1|1|A", "BH1|2|A", "BH1|3|A", "BH1|3|A"}),
+            (Lists{{1, 2}, {4, 5}}));
+  EXPECT_EQ(Repeated({"BH1|1|A", "BH1|1|C", "BH1|1|B", "BH1|1|C", "BH1|2|A"}), (Lists{{2, 4}}));
+  EXPECT_EQ(Repeated({"BH1|1|A", "BH1|2|A", "BH1|2|C", "BH1|2|B", "BH1|1|A"}), (Lists{{1, 5}}));
+}
+
+TEST(SortGroupRows, FindsNumbersWrittenInTwoWays) {
+  EXPECT_EQ(Repeated({"BH1|1|A", "BH1|2|A", "BH1|1.0|A"}, true), (Lists{{1, 3}}));
+  EXPECT_EQ(Repeated({"BH1|1|A", "BH1|2|A", "BH1|1.0|A"}, false), Lists{});
+}
+
+TEST(SortGroupRows, FindsValuesWithBlanksBehindThem) {
+  EXPECT_EQ(Repeated({"BH1|1 |A", "BH1|1|A"}), (Lists{{1, 2}}));
+  EXPECT_EQ(Repeated({"BH1|1|A ", "BH1|2|A", "BH1|1|A"}), (Lists{{1, 3}}));
+  EXPECT_EQ(Repeated({"BH1|1|A", "BH1 |1|A"}), (Lists{{1, 2}}));
+}
+
+TEST(SortGroupRows, FindsRepetitionsInAHoleThatARowOfAnotherCutsInTwo) {
+  EXPECT_EQ(Repeated({"BH1|1|A", "BH1|2|A", "BH1X|2|B", "BH1|2|A", "BH1|3|A"}), (Lists{{2, 4}}));
+  EXPECT_EQ(Repeated({"BH1|1|A", "BH1|1|C", "BH1X|1|C", "BH1|1|B", "BH1|1|C", "BH1X|1|C"}),
+            (Lists{{2, 5}, {3, 6}}));
+}
+
+TEST(SortGroupRows, FindsRepetitionsInAHoleThatComesUpAgain) {
+  const std::vector<std::string> others{"BH2|1|A", "BH2|2|A", "BH3|1|A", "BH3|2|A"};
+  const auto withOthers = [&](std::vector<std::string> before,
+                              const std::vector<std::string>& after) {
+    before.insert(before.end(), others.begin(), others.end());
+    before.insert(before.end(), after.begin(), after.end());
+    return Repeated(before);
+  };
+  EXPECT_EQ(withOthers({"BH1|1|A", "BH1|5|A", "BH1|2|A"}, {"BH1|3|A", "BH1|5|A"}), (Lists{{2, 9}}));
+  EXPECT_EQ(withOthers({"BH1|1|A", "BH1|1|C", "BH1|1|B"}, {"BH1|1|C"}), (Lists{{2, 8}}));
+  EXPECT_EQ(withOthers({"BH1|1|A", "BH1|1|A", "BH1|2|A"}, {"BH1|3|A", "BH1|3|A"}),
+            (Lists{{1, 2}, {8, 9}}));
+  EXPECT_EQ(withOthers({"BH1|1|A", "BH1|2|A", "BH1|2|A"}, {"BH1|2|A", "BH1|1|A"}),
+            (Lists{{1, 9}, {2, 3, 8}}));
 }
 
 /// A row's key over the parts of its parent's key, which are its own first parts.
