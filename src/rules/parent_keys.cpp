@@ -38,7 +38,7 @@ class ParentKeys {
       exact_ = MakeIndex(false);
     }
     const std::optional<RowPlace> found = exact_->Find(key.Text());
-    if (found && found->group == FirstGroup()) expectedRow_ = found->row + 1;
+    if (found && found->group == FirstGroup()) lastParent_ = found->row;
     return found.has_value();
   }
 
@@ -57,7 +57,7 @@ class ParentKeys {
   int FirstGroup() const { return groups_.front(); }
 
   /// Rows of another group follow: theirs begin with the first parents again.
-  void Restart() { expectedRow_ = 1; }
+  void Restart() { lastParent_ = 0; }
 
  private:
   struct TextOfRow {
@@ -122,15 +122,15 @@ class ParentKeys {
   bool StandsAhead(KeyReader& key) {
     constexpr std::int32_t mostSteps = 8;
     const std::span<const KeyPart> parts = parts_.at(FirstGroup());
-    const std::int32_t rowCount = table_.At(FirstGroup()).rowCount;
-    const std::int32_t last = std::min(expectedRow_ + mostSteps - 1, rowCount);
-    for (std::int32_t row = expectedRow_; row <= last; ++row) {
+    const std::int32_t last = std::min(lastParent_ + mostSteps, table_.At(FirstGroup()).rowCount);
+    for (std::int32_t row = lastParent_ + 1; row <= last; ++row) {
       table_.FetchAhead(FirstGroup(), row);
       if (!key.HasValuesOf({FirstGroup(), row}, parts)) continue;
-      expectedRow_ = row + 1;
+      lastParent_ = row;
       return true;
     }
-    return false;
+    // Behind a child without a parent, those of the last parent go on.
+    return lastParent_ > 0 && key.HasValuesOf({FirstGroup(), lastParent_}, parts);
   }
 
   const GroupTable& table_;
@@ -139,7 +139,7 @@ class ParentKeys {
   std::unordered_set<std::string> beginnings_;
   std::unique_ptr<Index> exact_;
   std::unique_ptr<Index> ignoringCase_;
-  std::int32_t expectedRow_ = 1;  // behind that of the last parent found
+  std::int32_t lastParent_ = 0;  // the row of the first group that was found last
 };
 
 /// How a group is tied to a parent group.
