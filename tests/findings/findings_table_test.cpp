@@ -191,8 +191,8 @@ TEST(FindingsTable, AMillionFindingsAreSortedAndFilteredWithoutDelay) {
                                      {"section", FindingsColumn::Section},
                                      {"rule", FindingsColumn::Rule},
                                      {"message", FindingsColumn::Message}}) {
-    measure(std::string("sort_") + name, [&] { table.SortBy(column, Down); });
-    measure(std::string("sort_up_") + name, [&] { table.SortBy(column, Up); });
+    measure(std::string("sort_") + name, [&, by = column] { table.SortBy(by, Down); });
+    measure(std::string("sort_up_") + name, [&, by = column] { table.SortBy(by, Up); });
   }
   measure("filter_rare", [&] { table.Filter({"bh123456'"}); });
   EXPECT_GT(table.ShownCount(), 0U);
