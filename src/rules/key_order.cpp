@@ -103,8 +103,8 @@ KeyOrder::Direction KeyOrder::StepTo(std::string_view text, std::size_t offset,
   if (!isNumeric) return StandsBefore(leading_, text, offset) ? Direction::Up : Direction::Down;
   const std::partial_ordering order =
       CompareShortNumbers(ValueAround(leading_, offset), ValueAround(text, offset));
-  if (order < 0) return Direction::Up;
-  return order > 0 ? Direction::Down : Direction::Unknown;
+  if (std::is_lt(order)) return Direction::Up;
+  return std::is_gt(order) ? Direction::Down : Direction::Unknown;
 }
 
 /// Takes a row that shares so many parts with the one before and goes a step in the next one. Rows
