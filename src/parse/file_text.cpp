@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "parse/row_label.h"
+
 namespace quorvane {
 namespace {
 
 constexpr std::uint32_t Lower31Bits = 0x7FFFFFFF;
-constexpr std::string_view LabelOfData = "\"DATA\",";
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
 std::string_view LineEndOf(std::string_view text) {
@@ -28,13 +29,20 @@ std::size_t FindLineEnd(std::string_view text, std::string_view lineEnd, std::si
   return found == std::string_view::npos ? text.size() : found + 1 - lineEnd.size();
 }
 
+/// The length of a data row's label with the comma behind it.
+constexpr std::size_t LabelLength = DataLabel.size() + 1;
+
+bool BeginsWithDataLabel(std::string_view line) {
+  return line.size() >= LabelLength && line.starts_with(DataLabel) && line[DataLabel.size()] == ',';
+}
+
 /// The first letter of a row label by which AGS 4 files are known, of that of data rows apart.
 bool BeginsUnitOrType(char letter) {
   return letter == 'U' || letter == 'T' || letter == 'u' || letter == 't';
 }
 
 bool BeginsPlainly(std::string_view line, bool hasDataLabel) {
-  if (hasDataLabel) line.remove_prefix(LabelOfData.size());
+  if (hasDataLabel) line.remove_prefix(LabelLength);
   return line.size() >= 2 && line[0] == '"' && line[1] != '*' &&
          (hasDataLabel || !BeginsUnitOrType(line[1]));
 }
@@ -57,7 +65,7 @@ void FileText::SplitLines(std::string_view lineEnd) {
   while (start <= text_.size()) {
     const std::size_t end = FindLineEnd(text_, lineEnd, start);
     const std::string_view line = text_.substr(start, end - start);
-    const bool hasDataLabel = line.starts_with(LabelOfData);
+    const bool hasDataLabel = BeginsWithDataLabel(line);
     lines_.push_back({static_cast<std::uint32_t>(start) & Lower31Bits, hasDataLabel,
                       static_cast<std::uint32_t>(end) & Lower31Bits,
                       BeginsPlainly(line, hasDataLabel)});
@@ -76,7 +84,7 @@ std::string_view OriginalLines::Line(std::int32_t number) {
 
 void FileText::DropDataLabel(std::int32_t number) {
   LineSpan& line = lines_[static_cast<std::size_t>(number - 1)];
-  line.start = (line.start + static_cast<std::uint32_t>(LabelOfData.size())) & Lower31Bits;
+  line.start = (line.start + static_cast<std::uint32_t>(LabelLength)) & Lower31Bits;
   line.hasDataLabel = 0;
 }
 

@@ -68,7 +68,7 @@ class KeyOrder {
   const GroupTable* table_;
   std::span<const KeyPart> parts_;
   bool isUsable_;
-  std::vector<Level> levels_;  // of each part
+  std::vector<Level> levels_;  // of each part, and one of rows that share all parts
   std::string_view leading_;   // of the row before; empty when it cannot be compared
   std::int32_t lastRow_ = 0;
   std::size_t openLevel_ = 0;  // the rows that share so many parts have no order; 0 for none
